@@ -51,11 +51,11 @@ typedef struct Zil_Comm {
   Boolean first;
   Integer reserved;
   Integer nf;
-  Boolean it_prt;
-  Boolean new_lm;
-  Boolean sol_sqp;
-  Boolean sol_prt;
-  Boolean g_prt;
+  Boolean iter_print;
+  Boolean major_print;
+  Boolean subproblem_print;
+  Boolean solution_print;
+  Boolean gradient_print;
   Pointer p;
 } Zil_Comm;
 
