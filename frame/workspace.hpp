@@ -1,0 +1,44 @@
+// Workspace of a public routine, taken from x04bbc and given back through
+// x04bdc on every path out of the routine.
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <type_traits>
+
+#include "zil_frame.h"
+
+namespace zil {
+
+template <class T>
+class Workspace {
+  static_assert(std::is_trivially_copyable_v<T>, "workspace holds plain data only");
+
+ public:
+  // A size of 0 still allocates one element, so that a routine never has to
+  // tell an empty problem's null block from a failed allocation.
+  explicit Workspace(std::size_t n) {
+    if (n == 0) n = 1;
+    if (n <= std::numeric_limits<std::size_t>::max() / sizeof(T))
+      p_ = static_cast<T*>(x04bbc(n * sizeof(T)));
+  }
+  ~Workspace() { x04bdc(reinterpret_cast<Pointer*>(&p_)); }
+  Workspace(const Workspace&) = delete;
+  Workspace& operator=(const Workspace&) = delete;
+
+  explicit operator bool() const { return p_ != nullptr; }
+  T* get() const { return p_; }
+  T& operator[](std::size_t i) const { return p_[i]; }
+
+  // Hands the block to the caller, who releases it with x04bdc.
+  T* release() {
+    T* p = p_;
+    p_ = nullptr;
+    return p;
+  }
+
+ private:
+  T* p_ = nullptr;
+};
+
+}  // namespace zil

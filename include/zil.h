@@ -1,0 +1,10 @@
+/* Zil numerical library: the umbrella header. */
+#ifndef ZIL_H
+#define ZIL_H
+
+#include "zil_types.h"
+#include "zil_errors.h"
+#include "zil_enums.h"
+#include "zil_frame.h"
+
+#endif /* ZIL_H */

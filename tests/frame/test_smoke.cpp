@@ -1,0 +1,3 @@
+#include <gtest/gtest.h>
+#include "zil.h"
+TEST(Smoke, Builds) { SUCCEED(); }
