@@ -212,7 +212,7 @@ TEST(ErrorTable, RangeLettersShareTheirFormats) {
 // ---- Conversions and sizes -------------------------------------------------
 
 struct Conversion {
-  std::string spec;  // as written, from '%' to the conversion letter
+  std::string written;  // as written, from '%' to the conversion letter
   std::size_t offset = 0;
   int width = 0;
   int precision = -1;
@@ -239,7 +239,7 @@ bool parse_conversions(const char *format, std::vector<Conversion> &out) {
     }
     if (!*p) return false;
     c.letter = *p;
-    c.spec.assign(start, p + 1);
+    c.written.assign(start, p + 1);
     c.offset = static_cast<std::size_t>(start - format);
     out.push_back(c);
   }
@@ -257,7 +257,7 @@ TEST(ErrorTable, ConversionsAreOfTheLibrarysKinds) {
       const bool integer = c.is_long && c.letter == 'd' && c.precision < 0;
       const bool text = !c.is_long && c.letter == 's';
       const bool real = !c.is_long && std::strchr("gef", c.letter) != nullptr;
-      EXPECT_TRUE(integer || text || real) << "code " << code << ": " << c.spec;
+      EXPECT_TRUE(integer || text || real) << "code " << code << ": " << c.written;
     }
   }
 }
@@ -297,7 +297,7 @@ TEST(ErrorTable, MessagesFitTheFailureRecord) {
     int printed = static_cast<int>(format.size());
     for (const auto &c : convs) {
       const bool text = &c == &convs.back() && ends_with_constraint_text(format, c);
-      printed += printed_bound(c, text) - static_cast<int>(c.spec.size());
+      printed += printed_bound(c, text) - static_cast<int>(c.written.size());
     }
     // The longest format documented has 424 characters.
     EXPECT_LE(format.size(), 424u) << code;
