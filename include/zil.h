@@ -6,5 +6,6 @@
 #include "zil_errors.h"
 #include "zil_enums.h"
 #include "zil_frame.h"
+#include "zil_env.h"
 
 #endif /* ZIL_H */
