@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "frame/report.hpp"
@@ -54,6 +55,7 @@ class EditArg {
 std::vector<std::string> edit_format(const char* format, std::span<const EditArg> values,
                                      std::size_t width = 80);
 template <class... A>
+  requires(std::is_constructible_v<EditArg, A> && ...)
 std::vector<std::string> edit_format(const char* format, A... values) {
   const EditArg args[] = {EditArg(values)..., EditArg(0)};
   return edit_format(format, std::span<const EditArg>(args, sizeof...(A)));
