@@ -50,14 +50,15 @@ void read_or_set(std::atomic<Integer>& number, const Integer* flag, Integer* cha
 }
 
 // Every failure of this file takes the record form "(A,3(1X,I5),A,I16)":
-// the A is the blank that keeps the one integer value a field of its own.
+// the A is the blank that keeps the one integer value a field of its own,
+// so the record counts one value.
 constexpr const char* kRecordForm = "(A,3(1X,I5),A,I16)";
 
 void fail_with(char* errbuf, Integer* ifail, const char* srname, Integer failnum, Integer msgid,
                const char* message, const std::vector<EditArg>& message_args, Integer value) {
   if (errbuf) {
     const EditArg values[] = {EditArg(" "), EditArg(value)};
-    errbuf_write(errbuf, srname, failnum, msgid, kRecordForm, values);
+    errbuf_write(errbuf, srname, failnum, msgid, kRecordForm, values, 1);
   }
   *ifail = inner_exit_r(*ifail, failnum, srname, edit_format(message, message_args));
 }

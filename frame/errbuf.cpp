@@ -20,9 +20,9 @@ void errbuf_reset(char* errbuf) {
 }
 
 void errbuf_write(char* errbuf, const char* srname, Integer failnum, Integer msgid, const char* descriptor,
-                  std::span<const EditArg> values) {
-  std::vector<EditArg> args{EditArg(srname), EditArg(failnum), EditArg(msgid),
-                            EditArg(static_cast<Integer>(values.size()))};
+                  std::span<const EditArg> values, int count) {
+  if (count < 0) count = static_cast<int>(values.size());
+  std::vector<EditArg> args{EditArg(srname), EditArg(failnum), EditArg(msgid), EditArg(count)};
   args.insert(args.end(), values.begin(), values.end());
   const std::string line = edit_format(descriptor, args, kErrbufSize - 1).front();
   std::memset(errbuf, ' ', kErrbufSize - 1);

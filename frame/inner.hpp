@@ -80,8 +80,10 @@ void errbuf_reset(char* errbuf);
 // Writes the failure line: name, failnum, msgid and the count of values as
 // five-wide integers, then the values by the given descriptor, e.g.
 // errbuf_write(errbuf, "S14ACF", 1, 99999, "(A,3(1X,I5),1X,1P,E13.5)", {x}).
+// count, when given, is the count written in place of values.size(), for a
+// record whose descriptor takes a text that only separates two fields.
 void errbuf_write(char* errbuf, const char* srname, Integer failnum, Integer msgid,
-                  const char* descriptor, std::span<const EditArg> values = {});
+                  const char* descriptor, std::span<const EditArg> values = {}, int count = -1);
 
 // One entry of a public routine's map from message id to its own literal,
 // which has a %s for each value (the values stand as the inner descriptor
