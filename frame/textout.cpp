@@ -5,6 +5,7 @@
 // exit status 1): their callers have no failure argument to report through.
 // Each line opens and closes its file, so that a program that crashes later
 // leaves its results on disk.
+#include <algorithm>
 #include <atomic>
 #include <cctype>
 #include <cstdio>
@@ -115,6 +116,8 @@ extern "C" void x04text_f(Integer channel, const char* text, Integer length) {
   // several threads at once.
   thread_local char line[512];
   std::size_t n = zil::trimmed_length(text, length > 0 ? static_cast<std::size_t>(length) : 0);
+  // A longer text is cut so that its line feed and terminator still fit.
+  n = std::min(n, sizeof line - 2);
   std::snprintf(line, sizeof line, "%.*s\n", static_cast<int>(n), text ? text : "");
   x04bay(global_resfile, line);
 }
