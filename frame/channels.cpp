@@ -222,7 +222,9 @@ extern "C" void x04acy(const char* path, Integer length, Integer* channel, ZilEr
     Integer ch = -1;
     x04acz_r(&ch, errbuf, &ifail);
     if (ifail == 0) {
+      // The search left 0 in ifail; the open must be soft and silent too.
       const Integer mode = 1;
+      ifail = 1;
       x04acf_r(&ch, name.c_str(), &mode, errbuf, &ifail, static_cast<Integer>(name.size()));
     }
     if (channel) *channel = ch;

@@ -252,9 +252,11 @@ std::string exp_field(double x, int w, int d, int e, int k) {
   int mag = std::abs(shown);
   char ex[16];
   if (e > 0) {
-    // Ew.dEe: the letter always, e digits, and asterisks when they do not suffice.
+    // Ew.dEe: the letter always, e digits, and asterisks when they do not
+    // suffice (no double needs more than three).
+    e = std::min(e, 9);
     int limit = 1;
-    for (int i = 0; i < e && limit < 100000000; ++i) limit *= 10;
+    for (int i = 0; i < e; ++i) limit *= 10;
     if (mag >= limit) return stars(w);
     std::snprintf(ex, sizeof ex, "E%c%0*d", shown < 0 ? '-' : '+', e, mag);
   } else if (mag <= 99) {
