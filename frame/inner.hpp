@@ -49,9 +49,11 @@ class EditArg {
 };
 
 // Formats values with a format in edit-descriptor notation ('text', A, Aw,
-// Iw, Ew.d, Fw.d, Gw.d, kP, nX, /, and repetition n(...), nIw), giving one
-// line per record.  Each line is cut to `width` characters and loses its
-// trailing blanks, but keeps at least one character.
+// Iw, Ew.d, Fw.d, Gw.d, kP, nX, /, and repetition n(...), nIw; also Iw.m,
+// Ew.dEe, nH and :), giving one line per record.  An A field wider than its
+// text is filled on the right; NaN and infinities print as NaN and INF.
+// Each line is cut to `width` characters and loses its trailing blanks, but
+// keeps at least one character.
 std::vector<std::string> edit_format(const char* format, std::span<const EditArg> values,
                                      std::size_t width = 80);
 template <class... A>
