@@ -506,9 +506,7 @@ TEST(Identification, BoxText) {
   EXPECT_EQ(lines[6], "");  // the text ends with \r\n
 }
 
-// Enable when the channel writer x04bay lands: until then a stand-in that
-// writes nothing links in its place.
-TEST(Identification, DISABLED_LinesToAFileAndTheConsole) {
+TEST(Identification, LinesToAFileAndTheConsole) {
   std::string path = testing::TempDir() + "zil_a00abc.txt";
   std::remove(path.c_str());
   a00abc(path.c_str());
