@@ -200,6 +200,12 @@ TEST(Reporter, IntegerChecksMakeTheTableMessages) {
 
   EXPECT_TRUE(rep.require(false, ZE_INT, "pda", -1L, "pda >= MAX(1,n)"));
   EXPECT_STREQ(e.message, "ZE_INT:\n  On entry, pda = -1.\n  Constraint: pda >= MAX(1,n).");
+
+  // A bound made with its own small format travels as its text.
+  rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(170.0, "%6.1g"), "x", 171.5);
+  EXPECT_STREQ(e.message, "ZE_REAL_ARG_GT:\n  On entry, x must not be greater than  2e+02: x = 171.5.");
+  EXPECT_TRUE(rep.require(false, ZE_INT, "pda", -1L, "pda >= MAX(1,n)"));
+  EXPECT_STREQ(e.message, "ZE_INT:\n  On entry, pda = -1.\n  Constraint: pda >= MAX(1,n).");
 }
 
 TEST(Reporter, RealChecksFailOnNaN) {
