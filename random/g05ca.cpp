@@ -74,16 +74,11 @@ void reseed(Block& b) {
   b.index = 0;
 }
 
-// Written over the rows of limbs so that the lanes form vectors.
+// The lanes are independent, so this loop runs as vectors across them.
 void refill(Block& b) {
-  auto& L = b.limbs;
   for (int j = 1; j < kLanes; ++j) {
-    const Limbs x = multiply(kMultiplier63, {static_cast<std::uint32_t>(L[0][j]), static_cast<std::uint32_t>(L[1][j]),
-                                             static_cast<std::uint32_t>(L[2][j]), static_cast<std::uint32_t>(L[3][j])});
-    L[0][j] = static_cast<Integer>(x[0]);
-    L[1][j] = static_cast<Integer>(x[1]);
-    L[2][j] = static_cast<Integer>(x[2]);
-    L[3][j] = static_cast<Integer>(x[3]);
+    const Limbs x = multiply(kMultiplier63, lane(b, j));
+    set_lane(b, j, x);
     b.out[j - 1] = uniform(x);
   }
   b.index = 0;
