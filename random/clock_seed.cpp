@@ -1,34 +1,16 @@
-// Seeds drawn from the clock, for g05ccc's state and g05kcc's.
+// Seeds drawn from the date, the time and the processor time, for g05kcc.
 #include <cmath>
 #include <cstdint>
-#include <ctime>
 
+#include "frame/env.hpp"
 #include "random/detail/generator.hpp"
 
 namespace zil::rng {
 
-Integer clock_seconds() {
-  const std::time_t now = std::time(nullptr);
-  return now == static_cast<std::time_t>(-1) ? 0 : static_cast<Integer>(now);
-}
-
 ClockReading read_clock() {
-  ClockReading r{};
-  const std::time_t now = std::time(nullptr);
-  std::tm t{};
-  if (now != static_cast<std::time_t>(-1) && localtime_r(&now, &t)) {
-    r.year = t.tm_year + 1900;
-    r.month = t.tm_mon + 1;
-    r.day = t.tm_mday;
-    r.hour = t.tm_hour;
-    r.minute = t.tm_min;
-    r.second = t.tm_sec;
-  }
-  timespec cpu{};
-  if (clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &cpu) == 0)
-    // The processor time is a single-precision number of seconds.
-    r.cpu_seconds = static_cast<float>(static_cast<double>(cpu.tv_sec) + 1e-9 * static_cast<double>(cpu.tv_nsec));
-  return r;
+  Integer v[7];
+  x05date(v);
+  return {v[0], v[1], v[2], v[3], v[4], v[5], x05cpu()};
 }
 
 Integer clock_seed(const ClockReading& r, Integer key) {

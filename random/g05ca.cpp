@@ -14,6 +14,7 @@
 #include "frame/export.hpp"
 #include "frame/report.hpp"
 #include "random/detail/generator.hpp"
+#include "zil_env.h"
 #include "zil_errors.h"
 #include "zil_random.h"
 
@@ -65,21 +66,23 @@ void reset_memory(Block& b) {
 
 // Lanes 1 to 63 from lane 0, one step each, and their uniforms.
 void reseed(Block& b) {
+  const double cap = uniform_cap();
   Limbs x = lane(b, 0);
   for (int j = 1; j < kLanes; ++j) {
     x = multiply(kMultiplier, x);
     set_lane(b, j, x);
-    b.out[j - 1] = uniform(x);
+    b.out[j - 1] = uniform(x, cap);
   }
   b.index = 0;
 }
 
 // The lanes are independent, so this loop runs as vectors across them.
 void refill(Block& b) {
+  const double cap = uniform_cap();
   for (int j = 1; j < kLanes; ++j) {
     const Limbs x = multiply(kMultiplier63, lane(b, j));
     set_lane(b, j, x);
-    b.out[j - 1] = uniform(x);
+    b.out[j - 1] = uniform(x, cap);
   }
   b.index = 0;
 }
@@ -159,7 +162,7 @@ bool intact(const Integer* istate, const double* xstate) {
     sum += istate[k];
   }
   if (sum != istate[0]) return false;
-  const double tol = 4 * kMachinePrecision * std::fabs(xstate[0]);
+  const double tol = 4 * x02ajc() * std::fabs(xstate[0]);
   // Written so that a NaN anywhere fails.
   return std::fabs(real_check(istate[0], xstate) - xstate[0]) < tol;
 }
@@ -200,7 +203,7 @@ extern "C" void g05cbc(Integer seed) {
 ZIL_ALIAS(g05cbc, zil_random_init_repeatable);
 
 extern "C" void g05ccc(void) {
-  const Integer seconds = clock_seconds();
+  const Integer seconds = x05aac();
   Integer last = last_clock_seed.load(std::memory_order_relaxed);
   Integer seed;
   do {

@@ -58,7 +58,7 @@ extern "C" double g05kac(Integer igen, Integer iseed[]) {
   if (igen > 0) return wichmann_hill_next(row_of(igen), iseed);
   const Limbs x = multiply(kMultiplier, limbs_of(iseed));
   store(iseed, x);
-  return uniform(x);
+  return uniform(x, uniform_cap());
 }
 ZIL_ALIAS(g05kac, zil_rngs_basic);
 

@@ -8,9 +8,9 @@
 #pragma once
 
 #include <array>
-#include <bit>
 #include <cstdint>
 
+#include "zil_env.h"
 #include "zil_types.h"
 
 namespace zil::rng {
@@ -26,11 +26,10 @@ inline constexpr Limbs kMultiplier63{85, 3703, 6070, 6822};
 // 0x0EB79A2A0EB79A2A, the state of a thread that has not been seeded.
 inline constexpr Limbs kDefaultState{6698, 7535, 26792, 30140};
 
-// x02ajc, the machine precision: 2^-53 with its low bit set.
-inline constexpr double kMachinePrecision = std::bit_cast<double>(std::uint64_t{0x3CA0000000000001});
 // The largest uniform delivered: 1 - x02ajc, which rounds to 1 - 2^-53.
 // Needed because hi * 2^-30 + lo * 2^-60 rounds to 1.0 for x close to 2^60.
-inline constexpr double kUniformCap = 1.0 - kMachinePrecision;
+// A loop over many numbers reads it once.
+inline double uniform_cap() { return 1.0 - x02ajc(); }
 
 // a * x mod 2^60.  The partial sums are carried upwards one limb at a time;
 // in unsigned 32-bit arithmetic the sum for limb 2 (three products and a
@@ -51,13 +50,12 @@ constexpr Limbs multiply(const Limbs& a, const Limbs& x) {
 
 // x / 2^60 as (x3 * 2^15 + x2) 2^-30 + (x1 * 2^15 + x0) 2^-60: both terms are
 // exact, so the sum is x / 2^60 correctly rounded, then capped below 1.
-inline double uniform(std::uint32_t x0, std::uint32_t x1, std::uint32_t x2, std::uint32_t x3) {
-  const double hi = static_cast<double>(static_cast<std::int32_t>(x3 * 32768 + x2));
-  const double lo = static_cast<double>(static_cast<std::int32_t>(x1 * 32768 + x0));
+inline double uniform(const Limbs& x, double cap) {
+  const double hi = static_cast<double>(static_cast<std::int32_t>(x[3] * 32768 + x[2]));
+  const double lo = static_cast<double>(static_cast<std::int32_t>(x[1] * 32768 + x[0]));
   const double u = hi * 0x1p-30 + lo * 0x1p-60;
-  return u > kUniformCap ? kUniformCap : u;
+  return u > cap ? cap : u;
 }
-inline double uniform(const Limbs& x) { return uniform(x[0], x[1], x[2], x[3]); }
 
 // The state of a seed: x = 4 |seed| + 2, spread over the limbs.
 constexpr Limbs seed_state(Integer seed) {
@@ -97,9 +95,6 @@ struct ClockReading {
   Integer year, month, day, hour, minute, second;
   double cpu_seconds;
 };
-
-// The time in whole seconds, 0 if the clock fails.
-Integer clock_seconds();
 
 // The current local date and time and the process's processor time.
 ClockReading read_clock();
