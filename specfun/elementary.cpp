@@ -150,7 +150,7 @@ double s07aac(double x, ZilError* fail) {
   if (r.exit == 1)
     rep.raise(ZE_REAL_ARG_GT, "x", "fl1", "x", x);
   else if (r.exit == 2)
-    rep.raise(ZE_FUN_INF, x);
+    rep.raise(ZE_FUN_INF, "x", x);
   else
     rep.success();
   return r.value;
