@@ -4,16 +4,17 @@
 #pragma once
 
 #include <array>
-#include <cfloat>
 #include <cmath>
 #include <cstddef>
 
+#include "frame/env.hpp"
+
 namespace zil::sf {
 
-// The constants of the arithmetic (x02ajc, x02akc, x02alc).
-inline constexpr double kEps = 0x1p-53;
-inline constexpr double kTiny = DBL_MIN;
-inline constexpr double kHuge = DBL_MAX;
+// The constants of the arithmetic, in their inner-layer forms.
+inline constexpr double kEps = x02ajf();
+inline constexpr double kTiny = x02akf();
+inline constexpr double kHuge = x02alf();
 
 inline constexpr double kPi = 3.141592653589793238;
 inline constexpr double kHalfPi = 1.570796326794896619;
