@@ -166,6 +166,69 @@ USED = {"s15ad": (-1.0, 1 - 7.5 / (26.6 + 3.75))}
 FLOOR = {"s13aa_0": 0.5, "s13ac_0": 2.0}
 
 
+def mul(a, b, n):
+    out = [mp.mpf(0)] * n
+    for i, x in enumerate(a[:n]):
+        if x == 0: continue
+        for j, y in enumerate(b[:n - i]):
+            out[i + j] += x * y
+    return out
+
+def recip(a, n):
+    out = [mp.mpf(0)] * n
+    out[0] = 1 / a[0]
+    for k in range(1, n):
+        s = mp.fsum(a[j] * out[k - j] for j in range(1, min(k, len(a) - 1) + 1))
+        out[k] = -s / a[0]
+    return out
+
+def sqrt_series(a, n):
+    out = [mp.mpf(0)] * n
+    out[0] = mp.sqrt(a[0])
+    for k in range(1, n):
+        s = mp.fsum(out[j] * out[k - j] for j in range(1, k))
+        out[k] = (a[k] - s) / (2 * out[0])
+    return out
+
+def compose(h, m, n):
+    # h(m(eta)), m has m[0] = 0
+    out = [mp.mpf(0)] * n
+    power = [mp.mpf(1)] + [mp.mpf(0)] * (n - 1)
+    for coef in h[:n]:
+        for i in range(n):
+            out[i] += coef * power[i]
+        power = mul(power, m, n)
+    return out
+
+def temme_coefficients(K, N):
+    """Taylor coefficients in eta of Temme's c_k(eta), k < K, from
+    c_0 = 1/mu - 1/eta and c_k = (c_{k-1}'(eta) - c_{k-1}'(0) eta/mu)/eta,
+    where eta^2/2 = mu - ln(1 + mu) (the constant c_{k-1}'(0) is the Stirling
+    coefficient that makes c_k regular at eta = 0)."""
+    n0 = N + 2 * K + 2
+    # h(mu) = sqrt(2 (mu - ln(1+mu)) / mu^2) = sqrt(sum 2 (-1)^k mu^k/(k+2))
+    h = sqrt_series([2 * mp.mpf(-1) ** k / (k + 2) for k in range(n0)], n0)
+    # mu(eta) = eta / h(mu(eta)), by iteration
+    mu = [mp.mpf(0), mp.mpf(1)] + [mp.mpf(0)] * (n0 - 2)
+    for _ in range(n0 + 2):
+        inv = recip(compose(h, mu, n0), n0)
+        mu = [mp.mpf(0)] + inv[:n0 - 1]
+    r = recip(mu[1:], n0 - 1)  # eta/mu
+    c = [r[k + 1] for k in range(n0 - 2)]  # c_0 = (r - 1)/eta
+    out = [c]
+    for k in range(1, K):
+        d1 = c[1]
+        deriv = [c[j + 1] * (j + 1) for j in range(len(c) - 1)]
+        num = [deriv[j] - d1 * r[j] for j in range(len(deriv))]
+        assert abs(num[0]) < mp.mpf(10) ** -40
+        c = num[1:]
+        out.append(c)
+    return [cc[:N] for cc in out]
+
+
+TEMME_TERMS, TEMME_DEGREE = 10, 20
+
+
 def build(name, n, fn, kind, affine, centre=0):
     c = cheb_coeffs(fn, n)
     if kind == "cheb":
@@ -264,6 +327,14 @@ def main():
         for a in coefs:
             print(f"    {float(a)!r},")
         print("};")
+    print()
+    print(f"// Temme's uniform expansion of Q(a, x): c_k(eta), k = 0..{TEMME_TERMS - 1}, as polynomials")
+    print(f"// of degree {TEMME_DEGREE - 1} in eta, highest power first, from exact series algebra in")
+    print(f"// mpmath at {WORKING_DPS} digits (see temme_coefficients).")
+    print(f"inline constexpr std::array<std::array<double, {TEMME_DEGREE}>, {TEMME_TERMS}> temme = {{{{")
+    for cs in temme_coefficients(TEMME_TERMS, TEMME_DEGREE):
+        print("    {" + ", ".join(repr(float(v)) for v in reversed(cs)) + "},")
+    print("}};")
     print()
     print("}  // namespace zil::sf::coef")
 

@@ -86,6 +86,20 @@ def main():
           + around(3.0, 0.00044, 50000.0))
     table("s20adc", mp.fresnelc, sym(linspace(0, 10, 200) + logspace(1e-300, 3, 50) + fresnel_tail_points())
           + around(3.0, 0.00044, 50000.0))
+    rows = []
+    for a in logspace(1e-3, 2e4, 50) + [20.0, 25.5, 100.0]:
+        for ratio in [0.01, 0.3, 0.69, 0.7, 0.71, 0.9, 0.999, 1.0, 1.001, 1.2, 1.42, 1.43, 1.44, 2.0, 5.0, 20.0]:
+            x = a * ratio
+            am, xm = mp.mpf(a), mp.mpf(x)
+            with mp.workdps(80):
+                # P by Kummer's series x^a e^-x / Gamma(a+1) 1F1(1; a+1; x).
+                pa = xm ** am * mp.exp(-xm) / mp.gamma(am + 1) * mp.hyp1f1(1, am + 1, xm, maxterms=10**6)
+                try:
+                    qa = mp.gammainc(am, xm, mp.inf, regularized=True)
+                except mp.libmp.NoConvergence:
+                    qa = 1 - pa  # near x = a, where neither ratio is small
+            rows.append(((a, x), (pa, qa)))
+    write("s14bac", rows)
 
 
 if __name__ == "__main__":
