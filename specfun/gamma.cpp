@@ -67,7 +67,7 @@ double s14aac(double x, ZilError* fail) {
   switch (r.exit) {
     case 1: rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(170.0, "%6.1g"), "x", x); break;
     case 2: rep.raise(ZE_REAL_ARG_LT, "x", zil::Num(-170.0, "%7.1g"), "x", x); break;
-    case 3: rep.raise(ZE_REAL_ARG_NEG_INT, "x", x); break;
+    case 3: rep.raise(ZE_REAL_ARG_NEG_INT, "x", "x", x); break;
     case 4: rep.raise(ZE_REAL_ARG_TOO_SMALL, "x", zil::Num(2.23e-308, "%9.1g"), "x", x); break;
     default: rep.success();
   }
