@@ -128,7 +128,7 @@ Result arcosh(double x) {
 double report_708(const char* routine, double x, Result r, ZilError* fail) {
   Reporter rep(fail, routine);
   if (r.exit)
-    rep.raise(ZE_REAL_ARG_GT, "|x|", Num(708.0, "%4g"), "|x|", std::fabs(x));
+    rep.raise(ZE_REAL_ARG_GT, "|x|", Num(708.0, "%4g").text, "|x|", std::fabs(x));
   else
     rep.success();
   return r.value;

@@ -65,10 +65,10 @@ double s14aac(double x, ZilError* fail) {
   zil::Reporter rep(fail, "s14aac");
   const zil::sf::Result r = zil::sf::gamma(x);
   switch (r.exit) {
-    case 1: rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(170.0, "%6.1g"), "x", x); break;
-    case 2: rep.raise(ZE_REAL_ARG_LT, "x", zil::Num(-170.0, "%7.1g"), "x", x); break;
+    case 1: rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(170.0, "%6.1g").text, "x", x); break;
+    case 2: rep.raise(ZE_REAL_ARG_LT, "x", zil::Num(-170.0, "%7.1g").text, "x", x); break;
     case 3: rep.raise(ZE_REAL_ARG_NEG_INT, "x", "x", x); break;
-    case 4: rep.raise(ZE_REAL_ARG_TOO_SMALL, "x", zil::Num(2.23e-308, "%9.1g"), "x", x); break;
+    case 4: rep.raise(ZE_REAL_ARG_TOO_SMALL, "x", zil::Num(2.23e-308, "%9.1g").text, "x", x); break;
     default: rep.success();
   }
   return r.value;
@@ -79,7 +79,7 @@ double s14abc(double x, ZilError* fail) {
   const zil::sf::Result r = zil::sf::log_gamma(x);
   switch (r.exit) {
     case 1: rep.raise(ZE_REAL_ARG_LE, "x", "0.0", "x", x); break;
-    case 2: rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(2.55e305, "%9.2g"), "x", x); break;
+    case 2: rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(2.55e305, "%9.2g").text, "x", x); break;
     default: rep.success();
   }
   return r.value;
