@@ -37,17 +37,11 @@ struct Block {
 };
 
 // Constant-initialised, so a thread's block exists from its start with no
-// construction and no guard, and nothing is shared between threads.
+// construction and no guard, and nothing is shared between threads.  The
+// default TLS model is kept on purpose: the initial-exec model would put the
+// library's whole TLS segment into the static reserve, which a program that
+// opens libzil.so with dlopen does not have room for.
 constinit thread_local Block tls_block{1, {}, {}, {}, {}, kBlockSize, 0.0};
-
-// A thread reaches its block through a pointer in the initial-exec TLS
-// model: one load from the thread pointer, where the block itself (too
-// large for the static TLS reserve of a library opened by dlopen) would
-// cost a call to __tls_get_addr on every draw.  The pointer starts at a
-// shared block that is never written, whose index lies past the end, so the
-// first draw takes the slow path, which attaches the thread's own block.
-constinit Block unattached{1, {}, {}, {}, {}, kBlockSize, 0.0};
-[[gnu::tls_model("initial-exec")]] constinit thread_local Block* tls_current = &unattached;
 
 Limbs lane(const Block& b, int j) {
   return {static_cast<std::uint32_t>(b.limbs[0][j]), static_cast<std::uint32_t>(b.limbs[1][j]),
@@ -102,12 +96,10 @@ void start_default(Block& b) {
 
 // The thread's block, holding a state.
 Block& block() {
-  Block* b = tls_current;
-  if (b == &unattached) [[unlikely]]
-    tls_current = b = &tls_block;
-  if (b->flag) [[unlikely]]
-    start_default(*b);
-  return *b;
+  Block& b = tls_block;
+  if (b.flag) [[unlikely]]
+    start_default(b);
+  return b;
 }
 
 // The unsigned comparison also sends an index damaged through g05caz to a
@@ -178,7 +170,7 @@ using namespace zil::rng;
 
 extern "C" double g05cac(void) {
   // The fast path: one test and one load.
-  Block* b = tls_current;
+  Block* b = &tls_block;
   if (exhausted(*b)) [[unlikely]]
     b = &next_block();
   return b->out[b->index++];
