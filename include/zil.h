@@ -4,6 +4,7 @@
 
 #include "zil_types.h"
 #include "zil_errors.h"
+#include "zil_enums.h"
 #include "zil_frame.h"
 #include "zil_sort.h"
 

@@ -46,7 +46,7 @@ bool has_loop(void* head, const Links& links) {
 // with the chain of earlier nodes on the left so that equal nodes keep their
 // order.
 extern "C" void m01cuc(Pointer* head, ptrdiff_t offset, zil::sort::Compare compare,
-                       Zil_SortOrder order, ZilError* fail) {
+                       Integer order, ZilError* fail) {
   using namespace zil::sort;
   zil::Reporter rep(fail, "m01cuc");
   if (rep.null_param(head, "head")) return;

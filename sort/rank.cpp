@@ -7,7 +7,7 @@
 #include "zil_sort.h"
 
 extern "C" void m01dsc(const void* vec, size_t n, ptrdiff_t stride, zil::sort::Compare compare,
-                       Zil_SortOrder order, Integer rank[], ZilError* fail) {
+                       Integer order, Integer rank[], ZilError* fail) {
   using namespace zil::sort;
   zil::Reporter rep(fail, "m01dsc");
   if (n > 0 && rep.null_param(vec, "vec")) return;

@@ -6,7 +6,7 @@
 #include "zil_sort.h"
 
 extern "C" Boolean m01fsc(const void* key, const void* vec, size_t n, ptrdiff_t stride,
-                          zil::sort::Compare compare, Zil_SortOrder order, Zil_SearchMatch final,
+                          zil::sort::Compare compare, Integer order, Integer final,
                           Integer* index, ZilError* fail) {
   using namespace zil::sort;
   zil::Reporter rep(fail, "m01fsc");

@@ -22,7 +22,7 @@ using zil::sort::Compare;
 
 // The checks the two sorts share, in argument order.
 bool bad_sort_args(zil::Reporter& rep, Pointer vec, size_t n, size_t size, ptrdiff_t stride,
-                   Compare compare, Zil_SortOrder order) {
+                   Compare compare, Integer order) {
   using namespace zil::sort;
   return (n > 0 && rep.null_param(vec, "vec")) || bad_vector(rep, n, size, stride) ||
          rep.null_param(reinterpret_cast<const void*>(compare), "compare") ||
@@ -38,7 +38,7 @@ void pass_on(zil::Reporter& rep, const ZilError& own) {
 }  // namespace
 
 extern "C" void m01csc(Pointer vec, size_t n, size_t size, ptrdiff_t stride, Compare compare,
-                       Zil_SortOrder order, ZilError* fail) {
+                       Integer order, ZilError* fail) {
   using namespace zil::sort;
   zil::Reporter rep(fail, "m01csc");
   if (bad_sort_args(rep, vec, n, size, stride, compare, order)) return;
@@ -62,7 +62,7 @@ ZIL_ALIAS(m01csc, zil_quicksort);
 
 // Stable: rank (a stable merge), turn the ranks into indices, then gather.
 extern "C" void m01ctc(Pointer vec, size_t n, size_t size, ptrdiff_t stride, Compare compare,
-                       Zil_SortOrder order, ZilError* fail) {
+                       Integer order, ZilError* fail) {
   zil::Reporter rep(fail, "m01ctc");
   if (bad_sort_args(rep, vec, n, size, stride, compare, order)) return;
   if (n > 1) {

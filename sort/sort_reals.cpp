@@ -16,7 +16,7 @@ std::atomic<std::uint32_t> g_m01cac_state{zil::sort::SharedLcg::kStart};
 
 }  // namespace
 
-extern "C" void m01cac(double vec[], size_t n, Zil_SortOrder order, ZilError* fail) {
+extern "C" void m01cac(double vec[], size_t n, Integer order, ZilError* fail) {
   using namespace zil::sort;
   zil::Reporter rep(fail, "m01cac");
   if (n > 0 && rep.null_param(vec, "vec")) return;

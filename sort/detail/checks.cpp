@@ -47,7 +47,7 @@ bool bad_stride(Reporter& rep, std::ptrdiff_t stride, std::size_t n) {
   return over(rep, ZE_INT_ARG_GT, "|stride|", s, bound);
 }
 
-bool bad_order(Reporter& rep, Zil_SortOrder order) {
+bool bad_order(Reporter& rep, Integer order) {
   return rep.enum_in(order == Zil_Ascending || order == Zil_Descending, "order");
 }
 

@@ -28,7 +28,7 @@ bool bad_size(Reporter& rep, std::size_t size, std::size_t n);
 bool bad_stride_for_size(Reporter& rep, std::ptrdiff_t stride, std::size_t size);
 // Routines without an element size bound the stride by the same byte count.
 bool bad_stride(Reporter& rep, std::ptrdiff_t stride, std::size_t n);
-bool bad_order(Reporter& rep, Zil_SortOrder order);
+bool bad_order(Reporter& rep, Integer order);
 
 // n, size and stride of the generic vector routines, in argument order.
 inline bool bad_vector(Reporter& rep, std::size_t n, std::size_t size, std::ptrdiff_t stride) {

@@ -61,7 +61,7 @@ inline Integer cmp_int(const void* a, const void* b) {
 }
 
 // The expected result of a sort: the same values in order.
-inline std::vector<double> sorted_copy(std::vector<double> v, Zil_SortOrder order) {
+inline std::vector<double> sorted_copy(std::vector<double> v, Integer order) {
   if (order == Zil_Ascending) std::sort(v.begin(), v.end());
   else std::sort(v.begin(), v.end(), [](double a, double b) { return a > b; });
   return v;

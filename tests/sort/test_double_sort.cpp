@@ -13,7 +13,7 @@ using namespace sort_test;
 
 namespace {
 
-class DoubleSort : public ::testing::TestWithParam<std::tuple<Pattern, std::size_t, Zil_SortOrder>> {};
+class DoubleSort : public ::testing::TestWithParam<std::tuple<Pattern, std::size_t, Integer>> {};
 
 TEST_P(DoubleSort, SortsIntoOrderKeepingTheValues) {
   const auto [pattern, n, order] = GetParam();

@@ -19,7 +19,7 @@ using namespace sort_test;
 namespace {
 
 using SortFn = void (*)(Pointer, size_t, size_t, ptrdiff_t, Integer (*)(const void*, const void*),
-                        Zil_SortOrder, ZilError*);
+                        Integer, ZilError*);
 
 struct Sorter {
   const char* name;
@@ -32,7 +32,7 @@ class GenericSort : public ::testing::TestWithParam<Sorter> {};
 TEST_P(GenericSort, DoublesOverEveryPatternAndOrder) {
   for (Pattern p : kPatterns)
     for (std::size_t n : {2u, 10u, 11u, 12u, 100u, 5000u})
-      for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+      for (Integer order : {Zil_Ascending, Zil_Descending}) {
         auto v = make(p, n, static_cast<unsigned>(n));
         const auto expected = sorted_copy(v, order);
         ZilError fail = quiet_record();
@@ -134,7 +134,7 @@ Integer cmp_extreme(const void* a, const void* b) {
 TEST_P(GenericSort, ComparisonsThatAreNoOrderYieldAPermutation) {
   for (auto cmp : {cmp_random, cmp_always_less, cmp_always_more, cmp_rock_paper_scissors})
     for (std::size_t n : {11u, 12u, 50u, 2000u})
-      for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+      for (Integer order : {Zil_Ascending, Zil_Descending}) {
         std::vector<Integer> v(n);
         for (std::size_t i = 0; i < n; ++i) v[i] = static_cast<Integer>((i * 7919) % n);
         ZilError fail = quiet_record();
@@ -163,7 +163,7 @@ INSTANTIATE_TEST_SUITE_P(Sorts, GenericSort, ::testing::ValuesIn(kSorters),
 // Equal keys keep the order in which they came, in both orders.
 TEST(StableSort, EqualKeysKeepTheirOrder) {
   for (Integer distinct : {1, 3, 100})
-    for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+    for (Integer order : {Zil_Ascending, Zil_Descending}) {
       auto v = keyed_records(3000, distinct, static_cast<unsigned>(distinct));
       auto expected = v;
       std::stable_sort(expected.begin(), expected.end(), [&](const Keyed& a, const Keyed& b) {

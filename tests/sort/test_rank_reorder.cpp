@@ -14,7 +14,7 @@ using namespace sort_test;
 
 namespace {
 
-std::vector<Integer> ranks_of(const std::vector<double>& v, Zil_SortOrder order) {
+std::vector<Integer> ranks_of(const std::vector<double>& v, Integer order) {
   std::vector<Integer> rank(v.size());
   ZilError fail = quiet_record();
   m01dsc(v.data(), v.size(), sizeof(double), cmp_double, order, rank.data(), &fail);
@@ -25,7 +25,7 @@ std::vector<Integer> ranks_of(const std::vector<double>& v, Zil_SortOrder order)
 TEST(Rank, RanksAreTheStableSortedPositions) {
   for (Pattern p : kPatterns)
     for (std::size_t n : {1u, 2u, 3u, 31u, 32u, 33u, 4096u})
-      for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+      for (Integer order : {Zil_Ascending, Zil_Descending}) {
         const auto v = make(p, n, 11);
         const auto rank = ranks_of(v, order);
         // The stable sorted order of positions; element order[k] has rank k.
@@ -48,7 +48,7 @@ TEST(Rank, TheVectorIsNotMoved) {
 // m01dsc, then m01zac, then m01esc equals a stable sort, for keyed records
 // laid out backwards in memory.
 TEST(RankRoundTrip, RankIndicesGatherIsAStableSort) {
-  for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+  for (Integer order : {Zil_Ascending, Zil_Descending}) {
     auto v = keyed_records(2500, 40, 6);
     auto expected = v;
     std::stable_sort(expected.begin(), expected.end(), [&](const Keyed& a, const Keyed& b) {

@@ -17,7 +17,7 @@ struct Found {
   Integer index;
 };
 
-Found search(const std::vector<double>& v, double key, Zil_SortOrder order, Zil_SearchMatch final,
+Found search(const std::vector<double>& v, double key, Integer order, Integer final,
              ptrdiff_t stride = sizeof(double)) {
   Integer index = -99;
   ZilError fail = quiet_record();
@@ -33,7 +33,7 @@ const std::vector<double> kUp = {1, 3, 3, 3, 5, 7, 7};
 TEST(Search, AscendingEdgesAndRuns) {
   struct Row {
     double key;
-    Zil_SearchMatch final;
+    Integer final;
     bool found;
     Integer index;
   } rows[] = {
@@ -105,7 +105,7 @@ Node* link_all(std::vector<Node>& nodes) {
 
 TEST(ChainSort, RelinksIntoStableOrder) {
   for (std::size_t n : {0u, 1u, 2u, 3u, 64u, 1000u})
-    for (Zil_SortOrder order : {Zil_Ascending, Zil_Descending}) {
+    for (Integer order : {Zil_Ascending, Zil_Descending}) {
       std::vector<Node> nodes(n);
       std::mt19937 gen(static_cast<unsigned>(n));
       for (std::size_t i = 0; i < n; ++i)
