@@ -54,7 +54,7 @@ extern "C" void m01cuc(Pointer* head, ptrdiff_t offset, zil::sort::Compare compa
     rep.raise(ZE_INT_ARG_LT, "offset", "0", "offset", static_cast<long>(offset));
     return;
   }
-  if (rep.null_param(reinterpret_cast<const void*>(compare), "compare")) return;
+  if (bad_compare(rep, compare)) return;
   if (bad_order(rep, order)) return;
   const Links links{offset};
   if (has_loop(*head, links)) return rep.raise_plain(ZE_CH_LOOP);

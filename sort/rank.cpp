@@ -12,7 +12,7 @@ extern "C" void m01dsc(const void* vec, size_t n, ptrdiff_t stride, zil::sort::C
   zil::Reporter rep(fail, "m01dsc");
   if (n > 0 && rep.null_param(vec, "vec")) return;
   if (bad_n(rep, n) || bad_stride(rep, stride, n)) return;
-  if (rep.null_param(reinterpret_cast<const void*>(compare), "compare")) return;
+  if (bad_compare(rep, compare)) return;
   if (bad_order(rep, order)) return;
   if (n > 0 && rep.null_param(rank, "rank")) return;
 

@@ -13,7 +13,7 @@ extern "C" Boolean m01fsc(const void* key, const void* vec, size_t n, ptrdiff_t 
   if (rep.null_param(key, "key")) return FALSE;
   if (n > 0 && rep.null_param(vec, "vec")) return FALSE;
   if (bad_n(rep, n) || bad_stride(rep, stride, n)) return FALSE;
-  if (rep.null_param(reinterpret_cast<const void*>(compare), "compare")) return FALSE;
+  if (bad_compare(rep, compare)) return FALSE;
   if (bad_order(rep, order)) return FALSE;
   if (rep.enum_in(final == Zil_First || final == Zil_Last, "final")) return FALSE;
   if (rep.null_param(index, "index")) return FALSE;

@@ -25,14 +25,8 @@ bool bad_sort_args(zil::Reporter& rep, Pointer vec, size_t n, size_t size, ptrdi
                    Compare compare, Integer order) {
   using namespace zil::sort;
   return (n > 0 && rep.null_param(vec, "vec")) || bad_vector(rep, n, size, stride) ||
-         rep.null_param(reinterpret_cast<const void*>(compare), "compare") ||
+         bad_compare(rep, compare) ||
          bad_order(rep, order);
-}
-
-// Repeats a failure that a routine called on our behalf left in `own`
-// under this routine's name.
-void pass_on(zil::Reporter& rep, const ZilError& own) {
-  rep.raise_text(own.code, own.message);
 }
 
 }  // namespace
@@ -72,7 +66,9 @@ extern "C" void m01ctc(Pointer vec, size_t n, size_t size, ptrdiff_t stride, Com
     m01dsc(vec, n, stride, compare, order, work.get(), &own);
     if (own.code == 0) m01zac(work.get(), n, &own);
     if (own.code == 0) m01esc(vec, n, size, stride, work.get(), &own);
-    if (own.code != 0) return pass_on(rep, own);
+    // A failure of a routine called on our behalf is repeated under this
+    // routine's name.
+    if (own.code != 0) return rep.raise_text(own.code, own.message);
   }
   rep.success();
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "frame/report.hpp"
+#include "sort/detail/elements.hpp"
 #include "zil_sort.h"
 
 namespace zil::sort {
@@ -29,6 +30,9 @@ bool bad_stride_for_size(Reporter& rep, std::ptrdiff_t stride, std::size_t size)
 // Routines without an element size bound the stride by the same byte count.
 bool bad_stride(Reporter& rep, std::ptrdiff_t stride, std::size_t n);
 bool bad_order(Reporter& rep, Integer order);
+inline bool bad_compare(Reporter& rep, Compare compare) {
+  return rep.null_param(reinterpret_cast<const void*>(compare), "compare");
+}
 
 // n, size and stride of the generic vector routines, in argument order.
 inline bool bad_vector(Reporter& rep, std::size_t n, std::size_t size, std::ptrdiff_t stride) {
