@@ -6,6 +6,7 @@
 #include "zil_errors.h"
 #include "zil_enums.h"
 #include "zil_frame.h"
+#include "zil_env.h"
 #include "zil_sort.h"
 
 #endif /* ZIL_H */
