@@ -10,5 +10,6 @@
 #include "zil_sort.h"
 #include "zil_specfun.h"
 #include "zil_random.h"
+#include "zil_zeros.h"
 
 #endif /* ZIL_H */
