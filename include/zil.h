@@ -9,7 +9,7 @@
 #include "zil_env.h"
 #include "zil_sort.h"
 #include "zil_specfun.h"
-#include "zil_random.h"
 #include "zil_zeros.h"
+#include "zil_random.h"
 
 #endif /* ZIL_H */
