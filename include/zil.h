@@ -11,5 +11,6 @@
 #include "zil_specfun.h"
 #include "zil_zeros.h"
 #include "zil_random.h"
+#include "zil_stats.h"
 
 #endif /* ZIL_H */
