@@ -9,5 +9,6 @@
 #include "zil_env.h"
 #include "zil_specfun.h"
 #include "zil_random.h"
+#include "zil_quad.h"
 
 #endif /* ZIL_H */
