@@ -228,3 +228,56 @@ TEST(QuadInner, FixedWorkArrayForms) {
   zil::D01AJF(+[](const double& x) { return std::log(x); }, 0.0, 1.0, 0.0, 1e-14, res, err, w, 4, iw, 1, ifail);
   EXPECT_EQ(ifail, 1);
 }
+
+namespace {
+double kinks(double x) { return std::fabs(x - 1.0 / 3.0) + std::sqrt(std::fabs(x - 0.7)); }
+// int_0^1 |x-1/3| = (1/9 + 4/9)/2 = 5/18; int_0^1 sqrt|x-0.7| = (2/3)(0.7^1.5 + 0.3^1.5)
+const double kinks_exact = 5.0 / 18.0 + (2.0 / 3.0) * (std::pow(0.7, 1.5) + std::pow(0.3, 1.5));
+double log_kink(double x) { return std::log(std::fabs(x - 0.25)); }
+// int_0^1 log|x - 1/4| = 0.25 log 0.25 - 0.25 + 0.75 log 0.75 - 0.75
+const double log_kink_exact = 0.25 * std::log(0.25) + 0.75 * std::log(0.75) - 1.0;
+}  // namespace
+
+TEST(QuadBreakPoints, InteriorSingularitiesAtTheirPoints) {
+  const double pts1[] = {0.7, 1.0 / 3.0};
+  const double pts2[] = {0.25};
+  struct BCase {
+    Zil_QuadFun f;
+    const double* pts;
+    Integer n;
+    double exact;
+  };
+  for (const BCase& c : {BCase{kinks, pts1, 2, kinks_exact}, BCase{log_kink, pts2, 1, log_kink_exact}})
+    for (double tol : {1e-4, 1e-8, 1e-12})
+      for (bool reversed : {false, true}) {
+        ZilError fail{};
+        double res = 0, err = 0;
+        Zil_QuadReport qp{};
+        d01alc(c.f, reversed ? 1.0 : 0.0, reversed ? 0.0 : 1.0, c.n, c.pts, tol, tol, 100, &res, &err, &qp, &fail);
+        EXPECT_EQ(fail.code, 0) << fail.message;
+        const double exact = reversed ? -c.exact : c.exact;
+        EXPECT_LE(std::fabs(res - exact), err + 4 * eps);
+        EXPECT_EQ(qp.eval_count, 21 * (c.n + 1) + 42 * (qp.subint_count - c.n - 1));
+        check_record(qp, 100);
+        release(qp);
+      }
+}
+
+TEST(QuadBreakPoints, PointsOutsideOrAtTheEnds) {
+  ZilError fail{};
+  double res = 0, err = 0;
+  Zil_QuadReport qp{};
+  const double out[] = {0.5, 2.0};
+  d01alc(sqrt_x, 0.0, 1.0, 2, out, 0.0, 1e-8, 50, &res, &err, &qp, &fail);
+  EXPECT_EQ(fail.code, ZE_QUAD_BRKPTS_INVAL);
+  EXPECT_STREQ(fail.message, "ZE_QUAD_BRKPTS_INVAL:\n  On entry, break points outside (a, b):\n  a = 0.00000e+00,  b = 1.00000e+00.");
+  release(qp);
+  const double at_end[] = {1.0};
+  d01alc(sqrt_x, 0.0, 1.0, 1, at_end, 0.0, 1e-8, 50, &res, &err, &qp, &fail);
+  EXPECT_EQ(fail.code, 0);
+  EXPECT_NEAR(res, 2.0 / 3.0, 1e-8);
+  release(qp);
+  d01alc(sqrt_x, 0.0, 1.0, 2, out, 0.0, 1e-8, 2, &res, &err, &qp, &fail);
+  EXPECT_EQ(fail.code, ZE_2_INT_ARG_LE);
+  EXPECT_STREQ(fail.message, "ZE_2_INT_ARG_LE:\n  On entry, max_num_subint =  2 while nbrkpts =  2.\n  These parameters must satisfy max_num_subint > nbrkpts.");
+}
