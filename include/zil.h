@@ -7,7 +7,9 @@
 #include "zil_enums.h"
 #include "zil_frame.h"
 #include "zil_env.h"
+#include "zil_sort.h"
 #include "zil_specfun.h"
+#include "zil_zeros.h"
 #include "zil_random.h"
 #include "zil_quad.h"
 

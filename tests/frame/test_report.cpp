@@ -122,6 +122,15 @@ TEST(P01acc, BoxKindIsReadFromTheTextNotTheCode) {
   EXPECT_EQ(reported_stderr([] { p01acc("abc", 11, "r", nullptr); }).rfind("ZIL_RUNTIME_WARNING\n", 0), 0u);
 }
 
+TEST(P01acc, CodeOutsideTheTableGivesAnEmptyText) {
+  ZilError e = fresh_record();
+  p01acc(nullptr, 9999, "r", &e);
+  EXPECT_EQ(e.code, 9999);
+  EXPECT_STREQ(e.message, "");
+  p01acc(nullptr, -1, "r", &e);
+  EXPECT_STREQ(e.message, "");
+}
+
 TEST(P01acc, OverlongTextNeverOverrunsTheRecord) {
   std::string longtext = "ZE_INTERNAL_ERROR:\n  " + std::string(2000, 'x');
   ZilError e = fresh_record(true);
