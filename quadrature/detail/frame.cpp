@@ -3,30 +3,30 @@
 #include <algorithm>
 #include <cstring>
 
+#include "zil_enums.h"
+#include "zil_sort.h"
+
 namespace zil::quad {
 
-// The one place that puts the result records in order of their left end.
+namespace {
+Integer compare_doubles(const void* x, const void* y) {
+  const double u = *static_cast<const double*>(x), v = *static_cast<const double*>(y);
+  return u < v ? -1 : u > v ? 1 : 0;
+}
+}  // namespace
+
+// The one place that puts the result records in order of their left end:
+// rank the left ends, turn the ranks into an index, and rearrange the four
+// arrays by it.  Ties keep their order, which the rank sort guarantees.
 void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n) {
   if (n < 2) return;
-  Workspace<Integer> idx(n);
-  Workspace<double> tmp(n);
-  if (!idx || !tmp) {
-    // Without room for an index, a stable insertion sort in place does.
-    for (Integer i = 1; i < n; ++i)
-      for (Integer j = i; j > 0 && lo[j - 1] > lo[j]; --j) {
-        std::swap(lo[j - 1], lo[j]);
-        std::swap(up[j - 1], up[j]);
-        std::swap(res[j - 1], res[j]);
-        std::swap(err[j - 1], err[j]);
-      }
-    return;
-  }
-  for (Integer i = 0; i < n; ++i) idx[i] = i;
-  std::stable_sort(idx.get(), idx.get() + n, [&](Integer x, Integer y) { return lo[x] < lo[y]; });
-  for (double* v : {lo, up, res, err}) {
-    for (Integer i = 0; i < n; ++i) tmp[i] = v[idx[i]];
-    std::memcpy(v, tmp.get(), sizeof(double) * static_cast<std::size_t>(n));
-  }
+  Workspace<Integer> index(n);
+  if (!index) return;  // the record stays valid, only unordered
+  ZilError local{};
+  const auto count = static_cast<std::size_t>(n);
+  m01dsc(lo, count, sizeof(double), compare_doubles, Zil_Ascending, index.get(), &local);
+  m01zac(index.get(), count, &local);
+  for (double* v : {lo, up, res, err}) m01esc(v, count, sizeof(double), sizeof(double), index.get(), &local);
 }
 
 void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {
