@@ -1,0 +1,73 @@
+#include "quadrature/detail/frame.hpp"
+
+#include <algorithm>
+#include <cstring>
+
+#include "zil_enums.h"
+#include "zil_sort.h"
+
+namespace zil::quad {
+
+namespace {
+Integer compare_doubles(const void* x, const void* y) {
+  const double u = *static_cast<const double*>(x), v = *static_cast<const double*>(y);
+  return u < v ? -1 : u > v ? 1 : 0;
+}
+}  // namespace
+
+// The one place that puts the result records in order of their left end:
+// rank the left ends, turn the ranks into an index, and rearrange the four
+// arrays by it.  Ties keep their order, which the rank sort guarantees.
+void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n) {
+  if (n < 2) return;
+  Workspace<Integer> index(n);
+  if (!index) return;  // the record stays valid, only unordered
+  ZilError local{};
+  const auto count = static_cast<std::size_t>(n);
+  m01dsc(lo, count, sizeof(double), compare_doubles, Zil_Ascending, index.get(), &local);
+  m01zac(index.get(), count, &local);
+  for (double* v : {lo, up, res, err}) m01esc(v, count, sizeof(double), sizeof(double), index.get(), &local);
+}
+
+void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {
+  for (double* v : {lo_.get(), up_.get(), res_.get(), err_.get()})
+    std::fill(v + count, v + n_, 0.0);
+  order_by_left_end(lo_.get(), up_.get(), res_.get(), err_.get(), count);
+  qp->subint_count = count;
+  qp->eval_count = evals;
+  qp->subint_lower = lo_.release();
+  qp->subint_upper = up_.release();
+  qp->subint_result = res_.release();
+  qp->subint_error = err_.release();
+}
+
+void report_end(Reporter& rep, const Outcome& o, const EndText& t) {
+  switch (o.ier) {
+    case 0:
+      rep.success();
+      break;
+    case 1:
+      rep.raise(ZE_QUAD_MAX_SUBDIV, t.limit_name, t.limit);
+      break;
+    case 2:
+      rep.raise(ZE_QUAD_ROUNDOFF_TOL, t.epsabs, t.epsrel);
+      break;
+    case 3:
+      if (t.both_sides)
+        rep.raise(ZE_QUAD_BAD_SUBDIV_INTS, o.bad_a, o.bad_b, -o.bad_b, -o.bad_a);
+      else
+        rep.raise(ZE_QUAD_BAD_SUBDIV, o.bad_a, o.bad_b);
+      break;
+    case 4:
+      rep.raise(ZE_QUAD_ROUNDOFF_EXTRAPL);
+      break;
+    case 5:
+      rep.raise(ZE_QUAD_NO_CONV);
+      break;
+    default:
+      rep.raise(ZE_QUAD_BRKPTS_INVAL, t.a, t.b);
+      break;
+  }
+}
+
+}  // namespace zil::quad

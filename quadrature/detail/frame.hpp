@@ -1,0 +1,102 @@
+// What the public integrators share around the core: the integrand adaptors
+// of the two forms, the result arrays handed to the caller, the start of a
+// run on one interval, and the map from the core's end to a public code.
+#pragma once
+
+#include <cmath>
+
+#include "frame/report.hpp"
+#include "frame/workspace.hpp"
+#include "quadrature/detail/core.hpp"
+#include "zil_quad.h"
+
+namespace zil::quad {
+
+// The plain and the comm forms differ only here.
+struct PlainFun {
+  Zil_QuadFun f;
+  double operator()(double x) const { return f(x); }
+};
+struct CommFun {
+  Zil_QuadFunComm f;
+  Zil_Comm* comm;
+  double operator()(double x) const { return f(x, comm); }
+};
+
+// The four arrays of Zil_QuadReport (taken from x04bbc, so that the caller can
+// release them with x04bdc) and the workspace of the loop.
+class ResultLists {
+ public:
+  ResultLists(Integer n, bool levels)
+      : n_(n), lo_(n), up_(n), res_(n), err_(n), iord_(n), level_(levels ? n : 1), levels_(levels) {}
+  explicit operator bool() const { return lo_ && up_ && res_ && err_ && iord_ && level_; }
+  Lists lists(Integer limit) const {
+    return Lists{lo_.get(), up_.get(), res_.get(), err_.get(), iord_.get(),
+                 levels_ ? level_.get() : nullptr, limit};
+  }
+  // Zero the tail, put the intervals in order of their left end and give the
+  // arrays to the caller.
+  void hand_over(Zil_QuadReport* qp, Integer count, Integer evals);
+
+ private:
+  Integer n_;
+  Workspace<double> lo_, up_, res_, err_;
+  Workspace<Integer> iord_, level_;
+  bool levels_;
+};
+
+// Sorts the first n entries of the four arrays by the left end.
+void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n);
+
+// A rule family over a plain callable rule on [a, b] with midpoint bisection.
+template <class R>
+struct Bisect {
+  R rule_fn;
+  Est rule(double a, double b, int, bool) { return rule_fn(a, b); }
+  static double split(double a, double b) { return 0.5 * (a + b); }
+  static bool watch_roundoff(double, double) { return true; }
+};
+template <class R>
+Bisect(R) -> Bisect<R>;
+
+// The first rule on [a, b] and the early tests, then the loop when they do
+// not settle the run.  early: the factor of epmach*defabs under which an
+// unmet tolerance is put down to round-off.
+template <Variant V, class Fam>
+Outcome run_single(Fam& fam, const LoopConstants& K, const Lists& L, double a, double b,
+                   double epsabs, double epsrel, double early, const Machine& m,
+                   double omega = 0.0) {
+  const Est e = fam.rule(a, b, 0, false);
+  L.a(1) = a;
+  L.b(1) = b;
+  L.r(1) = e.result;
+  L.e(1) = e.abserr;
+  L.ord(1) = 1;
+  if (L.level) L.level[0] = 0;
+  Outcome o;
+  o.result = e.result;
+  o.abserr = e.abserr;
+  o.last = 1;
+  const double errbnd = std::max(epsabs, epsrel * std::fabs(e.result));
+  // An error equal to resasc comes from a rule that saw no variation to
+  // judge by, e.g. a low-degree polynomial: that alone is no convergence.
+  if ((e.abserr <= errbnd && e.abserr != e.resasc) || e.abserr == 0.0) return o;
+  if (L.limit == 1) o.ier = 1;
+  if (e.abserr <= early * m.epmach * e.resabs && e.abserr > errbnd) o.ier = 2;
+  if (o.ier != 0) return o;
+  const Start s{e.result, e.abserr, e.resabs, e.resasc, 1, a, b, std::fabs(omega)};
+  return adapt<V>(fam, K, L, s, epsabs, epsrel, m);
+}
+
+// Reports the end of a run: ier as the core leaves it (1 limit, 2 round-off,
+// 3 bad integrand, 4 round-off in extrapolation, 5 divergence, 6 break points).
+struct EndText {
+  const char* limit_name = "max_num_subint";
+  Integer limit = 0;
+  double epsabs = 0.0, epsrel = 0.0;
+  bool both_sides = false;  // an infinite range folded at 0
+  double a = 0.0, b = 0.0;   // for the break-point failure
+};
+void report_end(Reporter& rep, const Outcome& o, const EndText& t);
+
+}  // namespace zil::quad

@@ -1,0 +1,104 @@
+// Basic rules of the adaptive integrators: the Gauss-Kronrod pairs and their
+// error estimate.  Each rule returns the integral over [a, b], its error
+// estimate, the integral of |f| (resabs) and of |f - mean| (resasc).
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+#include "zil_env.h"
+
+namespace zil::quad {
+
+#include "gk_tables.inc"
+
+struct Est {
+  double result = 0.0;
+  double abserr = 0.0;
+  double resabs = 0.0;
+  double resasc = 0.0;
+};
+
+struct Machine {
+  double epmach = x02ajc();
+  double uflow = x02akc();
+  double oflow = 1.0 / x02akc();
+};
+
+// The published scaling of |K - G|: the rule's raw difference overstates the
+// error of a smooth integrand, so it is mapped through (200 E / resasc)^1.5,
+// and it never falls below what rounding in the sum of |f| allows.
+inline void scale_error(Est& e, const Machine& m) {
+  if (e.resasc != 0.0 && e.abserr != 0.0)
+    e.abserr = e.resasc * std::min(1.0, std::pow(200.0 * e.abserr / e.resasc, 1.5));
+  if (e.resabs > m.uflow / (50.0 * m.epmach)) e.abserr = std::max(50.0 * m.epmach * e.resabs, e.abserr);
+}
+
+// A Kronrod rule of 2N-1 points whose positive nodes xgk[0..N-2] hold the
+// Gauss nodes at the odd positions; the centre xgk[N-1] is a Gauss node only
+// when the Gauss rule has an odd number of points (wg_centre is then its
+// weight).  G maps a node t of [-1, 1]'s half-length scaling to the value the
+// sum needs (the plain integrand, or a transformed or weighted one).
+// Evaluation order: the centre, then the pairs at the Gauss nodes, then the
+// other pairs, each pair left before right.
+template <int N, class G>
+Est kronrod(G& g, double centre, double hl, const double (&xgk)[N], const double (&wgk)[N],
+            const double* wg, double wg_centre, const Machine& m) {
+  double fv1[N - 1], fv2[N - 1];
+  const double fc = g(centre);
+  double resg = wg_centre * fc;
+  double resk = wgk[N - 1] * fc;
+  double resabs = std::fabs(resk);
+  for (int pass = 0; pass < 2; ++pass) {
+    for (int j = (pass == 0 ? 1 : 0); j < N - 1; j += 2) {
+      const double x = hl * xgk[j];
+      const double f1 = g(centre - x);
+      const double f2 = g(centre + x);
+      fv1[j] = f1;
+      fv2[j] = f2;
+      if (pass == 0) resg += wg[j / 2] * (f1 + f2);
+      resk += wgk[j] * (f1 + f2);
+      resabs += wgk[j] * (std::fabs(f1) + std::fabs(f2));
+    }
+  }
+  const double reskh = 0.5 * resk;
+  double resasc = wgk[N - 1] * std::fabs(fc - reskh);
+  for (int j = 0; j < N - 1; ++j) resasc += wgk[j] * (std::fabs(fv1[j] - reskh) + std::fabs(fv2[j] - reskh));
+  const double dhl = std::fabs(hl);
+  Est e{resk * hl, std::fabs((resk - resg) * hl), resabs * dhl, resasc * dhl};
+  scale_error(e, m);
+  return e;
+}
+
+template <class F>
+Est gk21(F& f, double a, double b, const Machine& m) {
+  return kronrod(f, 0.5 * (a + b), 0.5 * (b - a), k21_xgk, k21_wgk, k21_wg, 0.0, m);
+}
+
+template <class F>
+Est gk61(F& f, double a, double b, const Machine& m) {
+  return kronrod(f, 0.5 * (a + b), 0.5 * (b - a), k61_xgk, k61_wgk, k61_wg, 0.0, m);
+}
+
+// The 15-point rule on a piece [a, b] of (0, 1) for an infinite range,
+// x = bound + dinf*(1-t)/t, dx = dt/t^2; with both = true the integrand is
+// folded, f(x) + f(-x).
+template <class F>
+Est gk15_inf(F& f, double bound, double dinf, bool both, double a, double b, const Machine& m) {
+  auto g = [&](double t) {
+    const double x = bound + dinf * (1.0 - t) / t;
+    double v = f(x);
+    if (both) v += f(-x);
+    return (v / t) / t;
+  };
+  return kronrod(g, 0.5 * (a + b), 0.5 * (b - a), k15_xgk, k15_wgk, k15_wg, k15_wg[3], m);
+}
+
+// The 15-point rule with a weight w(x) multiplying f.
+template <class F, class W>
+Est gk15_weighted(F& f, W& w, double a, double b, const Machine& m) {
+  auto g = [&](double x) { return f(x) * w(x); };
+  return kronrod(g, 0.5 * (a + b), 0.5 * (b - a), k15_xgk, k15_wgk, k15_wg, k15_wg[3], m);
+}
+
+}  // namespace zil::quad
