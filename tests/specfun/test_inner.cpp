@@ -7,18 +7,12 @@
 #include <string>
 
 #include "specfun/specfun.hpp"
+#include "tests/frame/frame_test.hpp"
 #include "zil.h"
 
 namespace {
 
-template <class F>
-std::string stdout_of(F&& f) {
-  std::fflush(stdout);
-  testing::internal::CaptureStdout();
-  f();
-  std::fflush(stdout);
-  return testing::internal::GetCapturedStdout();
-}
+using zil_test::stdout_of;
 
 std::string soft_report(const std::string& message, const char* srname, int number) {
   char closing[96];
