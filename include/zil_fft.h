@@ -11,14 +11,12 @@
 #ifndef ZIL_FFT_H
 #define ZIL_FFT_H
 
+#include "zil_enums.h"
 #include "zil_types.h"
 
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-/* The job values of c06ekc. */
-enum { Zil_Convolution = 1068, Zil_Correlation = 1069 };
 
 /* Real sequence x[0..n-1] to its Hermitian transform, in place. */
 ZIL_API void c06eac(Integer n, double x[], ZilError *fail);
@@ -37,7 +35,7 @@ ZIL_API void zil_fft_complex(Integer n, double x[], double y[], ZilError *fail);
      z(k) = (1/n) sum_j x(j) y((k-j) mod n),
    or correlation (job Zil_Correlation),
      w(k) = (1/n) sum_j x(j) y((j+k) mod n),
-   of two real sequences.  On return x holds the result and y its
+   of two real sequences (job from zil_enums.h).  On return x holds the result and y its
    transform in the Hermitian layout. */
 ZIL_API void c06ekc(Integer job, Integer n, double x[], double y[], ZilError *fail);
 ZIL_API void zil_convolution_real(Integer job, Integer n, double x[], double y[], ZilError *fail);
