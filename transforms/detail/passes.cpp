@@ -5,7 +5,9 @@
 // temporaries beyond its own f values.
 #include "transforms/detail/passes.hpp"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 #include "transforms/detail/kernels.hpp"
@@ -27,49 +29,83 @@ void powers(Integer k, Integer fm, double* wr, double* wi) {
   }
 }
 
+// Twiddles of up to kChunk consecutive indices k (with, in the complex
+// pass, their partners m-k) are computed at the start of a sweep over the
+// groups and held on the stack for it.  Sweeping once per chunk rather than
+// once per index keeps the late passes, where m is small and the groups
+// many, from streaming the whole array through the cache for every k.
+inline constexpr Integer kChunk = 16;
+
+template <int F>
+struct Chunk {
+  Integer first = 0, end = 0;  // indices k in [first, end)
+  double wr[kChunk][F], wi[kChunk][F];  // exp(-i*l*angle(k))
+  double pr[kChunk][F], pi[kChunk][F];  // the same for m-k
+
+  // Fills the chunk that starts at first, for the indices k <= m/2.  The
+  // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
+  // come from the roots rc, rs when asked for.
+  void fill(Integer start, Integer m, const double* rc, const double* rs) {
+    first = start;
+    end = std::min<Integer>(start + kChunk, m / 2 + 1);
+    for (Integer k = std::max<Integer>(first, 1); k < end; ++k) {
+      double* w_r = wr[k - first];
+      double* w_i = wi[k - first];
+      powers<F>(k, F * m, w_r, w_i);
+      if (!rc) continue;
+      for (int q = 1; q < F; ++q) {
+        pr[k - first][q] = rc[q] * w_r[q] - rs[q] * w_i[q];
+        pi[k - first][q] = -rc[q] * w_i[q] - rs[q] * w_r[q];
+      }
+    }
+  }
+};
+
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
 template <class D>
 void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   constexpr int F = D::f;
   const Integer fm = F * m;
-  double rc[F], rs[F], wr[F], wi[F], pr[F], pi[F];
+  double rc[F], rs[F];
   roots(F, rc, rs);
+  Chunk<F> c;
 
-  auto butterflies = [&](Integer k, const double* tr, const double* ti) {
-    for (Integer g = k; g < n; g += fm) {
-      double re[F], im[F];
-      for (int l = 0; l < F; ++l) {
-        re[l] = x[g + l * m];
-        im[l] = y[g + l * m];
-      }
-      dft(re, im);
-      x[g] = re[0];
-      y[g] = im[0];
-      for (int q = 1; q < F; ++q) {
-        const Integer o = g + D::place(q) * m;
-        if (tr) {
-          x[o] = re[q] * tr[q] - im[q] * ti[q];
-          y[o] = re[q] * ti[q] + im[q] * tr[q];
-        } else {
-          x[o] = re[q];
-          y[o] = im[q];
-        }
+  // The butterfly at offset o; tr, ti are null for the trivial twiddle at
+  // k = 0, which costs no multiplication.
+  auto butterfly = [&](Integer o, const double* tr, const double* ti) {
+    double re[F], im[F];
+    for (int l = 0; l < F; ++l) {
+      re[l] = x[o + l * m];
+      im[l] = y[o + l * m];
+    }
+    dft(re, im);
+    x[o] = re[0];
+    y[o] = im[0];
+    for (int q = 1; q < F; ++q) {
+      const Integer t = o + D::place(q) * m;
+      if (tr) {
+        x[t] = re[q] * tr[q] - im[q] * ti[q];
+        y[t] = re[q] * ti[q] + im[q] * tr[q];
+      } else {
+        x[t] = re[q];
+        y[t] = im[q];
       }
     }
   };
 
-  butterflies(0, nullptr, nullptr);
-  for (Integer k = 1; 2 * k <= m; ++k) {
-    powers<F>(k, fm, wr, wi);
-    butterflies(k, wr, wi);
-    if (2 * k == m) continue;
-    // The twiddles of m-k: exp(-i*2*pi*q/f) times the conjugate of those of k.
-    for (int q = 1; q < F; ++q) {
-      pr[q] = rc[q] * wr[q] - rs[q] * wi[q];
-      pi[q] = -rc[q] * wi[q] - rs[q] * wr[q];
-    }
-    butterflies(m - k, pr, pi);
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, rc, rs);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer k = c.first; k < c.end; ++k) {
+        const Integer i = k - c.first;
+        if (k == 0) {
+          butterfly(g, nullptr, nullptr);
+          continue;
+        }
+        butterfly(g + k, c.wr[i], c.wi[i]);
+        if (2 * k < m) butterfly(g + m - k, c.pr[i], c.pi[i]);
+      }
   }
 }
 
@@ -82,10 +118,11 @@ template <class D>
 void real_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
-  double re[F], im[F], wr[F], wi[F];
+  double re[F], im[F];
+  Chunk<F> c;
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
-  for (Integer g = 0; g < n; g += fm) {
+  auto first_index = [&](Integer g) {
     for (int l = 0; l < F; ++l) {
       re[l] = x[g + D::place(l) * m];
       im[l] = 0.0;
@@ -97,68 +134,77 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
       x[g + (F - q) * m] = im[q];
     }
     if (F % 2 == 0) x[g + (F / 2) * m] = re[F / 2];
-  }
+  };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
   // conjugate is stored at f*m - (k + q*m).
-  for (Integer k = 1; 2 * k < m; ++k) {
-    powers<F>(k, fm, wr, wi);
-    for (Integer g = 0; g < n; g += fm) {
-      re[0] = x[g + k];
-      im[0] = x[g + m - k];
-      for (int l = 1; l < F; ++l) {
-        const Integer b = g + D::place(l) * m;
-        const double a = x[b + k], c = x[b + m - k];
-        re[l] = a * wr[l] - c * wi[l];
-        im[l] = a * wi[l] + c * wr[l];
-      }
-      dft(re, im);
-      for (int q = 0; q < F; ++q) {
-        const Integer kk = k + q * m;
-        if (2 * q < F) {
-          x[g + kk] = re[q];
-          x[g + fm - kk] = im[q];
-        } else {
-          x[g + fm - kk] = re[q];
-          x[g + kk] = -im[q];
-        }
-      }
+  auto inner_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+    re[0] = x[g + k];
+    im[0] = x[g + m - k];
+    for (int l = 1; l < F; ++l) {
+      const Integer b = g + D::place(l) * m;
+      const double a = x[b + k], d = x[b + m - k];
+      re[l] = a * wr[l] - d * wi[l];
+      im[l] = a * wi[l] + d * wr[l];
     }
-  }
-
-  // k = m/2: real inputs; outputs q and f-1-q are conjugates.
-  if (m % 2 == 0) {
-    const Integer k = m / 2;
-    powers<F>(k, fm, wr, wi);
-    for (Integer g = 0; g < n; g += fm) {
-      re[0] = x[g + k];
-      im[0] = 0.0;
-      for (int l = 1; l < F; ++l) {
-        const double a = x[g + D::place(l) * m + k];
-        re[l] = a * wr[l];
-        im[l] = a * wi[l];
-      }
-      dft(re, im);
-      for (int q = 0; 2 * q + 1 < F; ++q) {
-        const Integer kk = k + q * m;
+    dft(re, im);
+    for (int q = 0; q < F; ++q) {
+      const Integer kk = k + q * m;
+      if (2 * q < F) {
         x[g + kk] = re[q];
         x[g + fm - kk] = im[q];
+      } else {
+        x[g + fm - kk] = re[q];
+        x[g + kk] = -im[q];
       }
-      if (F % 2 == 1) x[g + fm / 2] = re[F / 2];
     }
+  };
+
+  // k = m/2: real inputs; outputs q and f-1-q are conjugates.
+  auto middle_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+    re[0] = x[g + k];
+    im[0] = 0.0;
+    for (int l = 1; l < F; ++l) {
+      const double a = x[g + D::place(l) * m + k];
+      re[l] = a * wr[l];
+      im[l] = a * wi[l];
+    }
+    dft(re, im);
+    for (int q = 0; 2 * q + 1 < F; ++q) {
+      const Integer kk = k + q * m;
+      x[g + kk] = re[q];
+      x[g + fm - kk] = im[q];
+    }
+    if (F % 2 == 1) x[g + fm / 2] = re[F / 2];
+  };
+
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, nullptr, nullptr);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer k = c.first; k < c.end; ++k) {
+        const Integer i = k - c.first;
+        if (k == 0)
+          first_index(g);
+        else if (2 * k < m)
+          inner_index(g, k, c.wr[i], c.wi[i]);
+        else
+          middle_index(g, k, c.wr[i], c.wi[i]);
+      }
   }
 }
 
 // ---- Hermitian passes: decimation in frequency, twiddles after ------------
 // A group of length f*m in the Hermitian layout becomes f blocks of length m
 // (block q at place(q)), y(q)(r) = exp(-i*2*pi*r*q/(f*m)) sum_l Z(r + l*m)
-// exp(-i*2*pi*l*q/f), each again Hermitian in r.
+// exp(-i*2*pi*l*q/f), each again Hermitian in r.  r = 0 and r = m/2 give
+// the real first and middle elements of the blocks.
 
 template <class D>
 void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
-  double re[F], im[F], wr[F], wi[F];
+  double re[F], im[F];
+  Chunk<F> c;
 
   // Reads Z(r + l*m) from the group's Hermitian layout.
   auto load = [&](Integer g, Integer r) {
@@ -177,38 +223,27 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
     }
   };
 
-  // r = 0: each block's first element, real.
-  for (Integer g = 0; g < n; g += fm) {
-    load(g, 0);
+  auto butterfly = [&](Integer g, Integer r, const double* wr, const double* wi) {
+    load(g, r);
     dft(re, im);
-    for (int q = 0; q < F; ++q) x[g + D::place(q) * m] = re[q];
-  }
-
-  for (Integer r = 1; 2 * r < m; ++r) {
-    powers<F>(r, fm, wr, wi);
-    for (Integer g = 0; g < n; g += fm) {
-      load(g, r);
-      dft(re, im);
-      x[g + r] = re[0];
-      x[g + m - r] = im[0];
-      for (int q = 1; q < F; ++q) {
-        const Integer b = g + D::place(q) * m;
-        x[b + r] = re[q] * wr[q] - im[q] * wi[q];
-        x[b + m - r] = re[q] * wi[q] + im[q] * wr[q];
-      }
+    if (r == 0) {
+      for (int q = 0; q < F; ++q) x[g + D::place(q) * m] = re[q];
+      return;
     }
-  }
-
-  // r = m/2: the middle element of each block, real.
-  if (m % 2 == 0) {
-    const Integer r = m / 2;
-    powers<F>(r, fm, wr, wi);
-    for (Integer g = 0; g < n; g += fm) {
-      load(g, r);
-      dft(re, im);
-      x[g + r] = re[0];
-      for (int q = 1; q < F; ++q) x[g + D::place(q) * m + r] = re[q] * wr[q] - im[q] * wi[q];
+    const bool middle = 2 * r == m;
+    x[g + r] = re[0];
+    if (!middle) x[g + m - r] = im[0];
+    for (int q = 1; q < F; ++q) {
+      const Integer b = g + D::place(q) * m;
+      x[b + r] = re[q] * wr[q] - im[q] * wi[q];
+      if (!middle) x[b + m - r] = re[q] * wi[q] + im[q] * wr[q];
     }
+  };
+
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, nullptr, nullptr);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r, c.wr[r - c.first], c.wi[r - c.first]);
   }
 }
 
@@ -260,6 +295,25 @@ void reorder_squares(long n, const Integer* digit, Swap&& swap) {
   }
 }
 
+// Division of a 32-bit index by a small fixed divisor through one 64-bit
+// reciprocal (Lemire, Kaser and Kurz, "Faster remainder by direct
+// computation", 2019): exact for every 32-bit numerator and every divisor
+// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.  The cycle-leader
+// walk below evaluates its index map several times per element, and a
+// hardware division per digit would dominate the whole transform.
+struct FastDivisor {
+  std::uint32_t d = 1;
+  std::uint64_t inverse = 0;
+  void set(std::uint32_t divisor) {
+    d = divisor;
+    inverse = UINT64_MAX / divisor + 1;
+  }
+  std::uint32_t quotient(std::uint32_t a) const {
+    if (d == 1) return a;
+    return static_cast<std::uint32_t>((static_cast<unsigned __int128>(inverse) * a) >> 64);
+  }
+};
+
 // The square-free stage is no involution.  Block t of each segment must
 // receive block map(t), map being the inverse reversal; the cycle-leader
 // method follows map from t until it reaches an index not below t, which is
@@ -269,17 +323,29 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
   int len = 0;
   while (sf[len] != 0) ++len;
   if (len == 0) return;
+  // Digit i of t (the first factor least significant) is (t / below_i)
+  // mod s_i; each digit is taken straight from t, so the digits of one
+  // evaluation do not wait on one another.  In map(t) it weighs above_i.
+  FastDivisor below[kListSize], radix[kListSize];
+  std::uint32_t above[kListSize];
+  std::uint32_t product = 1;
+  for (int i = 0; i < len; ++i) {
+    below[i].set(product);
+    radix[i].set(static_cast<std::uint32_t>(sf[i]));
+    product *= static_cast<std::uint32_t>(sf[i]);
+  }
+  for (int i = 0; i < len; ++i) above[i] = product / (below[i].d * radix[i].d);
   const long blocks = n / (kt * kt), stride = blocks * kt;
-  auto map = [&](long t) {
-    long b = 0;
+  auto map = [&](std::uint32_t t) {
+    std::uint32_t b = 0;
     for (int i = 0; i < len; ++i) {
-      b = b * sf[i] + t % sf[i];
-      t /= sf[i];
+      const std::uint32_t q = below[i].quotient(t);
+      b += (q - radix[i].quotient(q) * radix[i].d) * above[i];
     }
     return b;
   };
-  for (long t = 1; t < blocks; ++t) {
-    long u = map(t);
+  for (std::uint32_t t = 1; t < blocks; ++t) {
+    std::uint32_t u = map(t);
     while (u < t) u = map(u);
     if (u == t) continue;
     for (long seg = 0; seg < n; seg += stride)
