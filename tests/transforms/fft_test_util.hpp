@@ -12,6 +12,15 @@ namespace fftt {
 
 inline constexpr double kEps = 0x1p-53;
 
+// The sanitizer build runs unoptimised; there the lengths above 2^16 are
+// left to the optimised build (the same passes and reorderings run at the
+// smaller lengths), so that the suite stays quick.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool kSanitized = true;
+#else
+inline constexpr bool kSanitized = false;
+#endif
+
 // Reproducible data in [-1, 1): a 64-bit linear congruential generator.
 inline std::vector<double> data(long n, std::uint64_t seed) {
   std::vector<double> v(n);

@@ -21,7 +21,10 @@ void note_allocation() {
 }  // namespace
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// Declared here as the sanitizer runtime exports it; its header is not
+// installed with every compiler.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*, std::size_t),
+                                                         void (*)(const volatile void*));
 namespace {
 void on_malloc(const volatile void*, std::size_t) { note_allocation(); }
 void on_free(const volatile void*) {}
