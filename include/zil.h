@@ -7,6 +7,10 @@
 #include "zil_enums.h"
 #include "zil_frame.h"
 #include "zil_env.h"
+#include "zil_sort.h"
+#include "zil_specfun.h"
+#include "zil_zeros.h"
 #include "zil_fft.h"
+#include "zil_random.h"
 
 #endif /* ZIL_H */
