@@ -10,6 +10,7 @@
 #include "zil_sort.h"
 #include "zil_specfun.h"
 #include "zil_zeros.h"
+#include "zil_fft.h"
 #include "zil_quad.h"
 #include "zil_stats.h"
 #include "zil_random.h"

@@ -1,0 +1,189 @@
+// Butterflies of the single-sequence transforms: in-place DFTs of length f
+// with the kernel exp(-i*2*pi*l*q/f) on f complex values held as separate
+// real and imaginary arrays.
+//
+// Radices 4 and 8 stand for runs of two and three radix-2 passes, so their
+// outputs (decimation in frequency) or inputs (decimation in time) sit at
+// bit-reversed block positions: place(q).  That keeps the reordering after
+// the passes a reversal of the unmerged digits.
+#pragma once
+
+#include <cmath>
+
+namespace zil::fft {
+
+inline constexpr double kTwoPi = 6.283185307179586;
+
+// cos and sin of 2*pi*j/f, j = 0..f-1, evaluated in long double so that
+// each is the double nearest the true root (exact ones such as -1/2 come
+// out exact).  A root's error would recur in every butterfly of a pass.
+inline void roots(int f, double* rc, double* rs) {
+  constexpr long double two_pi = 6.283185307179586476925286766559005768L;
+  for (int j = 0; j < f; ++j) {
+    const long double a = two_pi * j / f;
+    rc[j] = static_cast<double>(std::cos(a));
+    rs[j] = static_cast<double>(std::sin(a));
+  }
+}
+
+// Outputs a and b = f-a of an odd-radix butterfly: p -/+ i*q.
+inline void set_pair(double* re, double* im, int a, int b, double pr, double pi, double qr,
+                     double qi) {
+  re[a] = pr + qi;
+  im[a] = pi - qr;
+  re[b] = pr - qi;
+  im[b] = pi + qr;
+}
+
+struct Dft2 {
+  static constexpr int f = 2;
+  static constexpr int place(int q) { return q; }
+  void operator()(double* re, double* im) const {
+    const double r0 = re[0], i0 = im[0];
+    re[0] = r0 + re[1];
+    im[0] = i0 + im[1];
+    re[1] = r0 - re[1];
+    im[1] = i0 - im[1];
+  }
+};
+
+struct Dft3 {
+  static constexpr int f = 3;
+  static constexpr int place(int q) { return q; }
+  double h = std::sqrt(0.75);
+  void operator()(double* re, double* im) const {
+    const double tr = re[1] + re[2], ti = im[1] + im[2];
+    const double ur = re[0] - 0.5 * tr, ui = im[0] - 0.5 * ti;
+    const double vr = h * (re[1] - re[2]), vi = h * (im[1] - im[2]);
+    re[0] += tr;
+    im[0] += ti;
+    set_pair(re, im, 1, 2, ur, ui, vr, vi);
+  }
+};
+
+// The four-point DFT of (a0, a1, a2, a3), results in natural order.
+inline void dft4(double& r0, double& i0, double& r1, double& i1, double& r2, double& i2,
+                 double& r3, double& i3) {
+  const double ar = r0 + r2, ai = i0 + i2, br = r0 - r2, bi = i0 - i2;
+  const double cr = r1 + r3, ci = i1 + i3, dr = r1 - r3, di = i1 - i3;
+  r0 = ar + cr;
+  i0 = ai + ci;
+  r2 = ar - cr;
+  i2 = ai - ci;
+  r1 = br + di;
+  i1 = bi - dr;
+  r3 = br - di;
+  i3 = bi + dr;
+}
+
+struct Dft4 {
+  static constexpr int f = 4;
+  static constexpr int place(int q) { return (q & 1) * 2 + (q >> 1); }
+  void operator()(double* re, double* im) const {
+    dft4(re[0], im[0], re[1], im[1], re[2], im[2], re[3], im[3]);
+  }
+};
+
+struct Dft5 {
+  static constexpr int f = 5;
+  static constexpr int place(int q) { return q; }
+  // (cos 2pi/5 - cos 4pi/5) = sqrt(5)/2 and their sum -1/2 give the cosine
+  // sums with one product each.
+  double r5 = 0.25 * std::sqrt(5.0);
+  double s1 = std::sin(1.2566370614359172), s2 = std::sin(2.5132741228718345);
+  void operator()(double* re, double* im) const {
+    const double a1r = re[1] + re[4], a1i = im[1] + im[4], b1r = re[1] - re[4], b1i = im[1] - im[4];
+    const double a2r = re[2] + re[3], a2i = im[2] + im[3], b2r = re[2] - re[3], b2i = im[2] - im[3];
+    const double tr = a1r + a2r, ti = a1i + a2i;
+    const double mr = re[0] - 0.25 * tr, mi = im[0] - 0.25 * ti;
+    const double dr = r5 * (a1r - a2r), di = r5 * (a1i - a2i);
+    const double c1r = mr + dr, c1i = mi + di, c2r = mr - dr, c2i = mi - di;
+    const double e1r = s1 * b1r + s2 * b2r, e1i = s1 * b1i + s2 * b2i;
+    const double e2r = s2 * b1r - s1 * b2r, e2i = s2 * b1i - s1 * b2i;
+    re[0] += tr;
+    im[0] += ti;
+    set_pair(re, im, 1, 4, c1r, c1i, e1r, e1i);
+    set_pair(re, im, 2, 3, c2r, c2i, e2r, e2i);
+  }
+};
+
+struct Dft8 {
+  static constexpr int f = 8;
+  static constexpr int place(int q) { return (q & 1) * 4 + (q & 2) + (q >> 2); }
+  double r = std::sqrt(0.5);
+  void operator()(double* re, double* im) const {
+    double ar[4], ai[4], br[4], bi[4];
+    for (int j = 0; j < 4; ++j) {
+      ar[j] = re[j] + re[j + 4];
+      ai[j] = im[j] + im[j + 4];
+      br[j] = re[j] - re[j + 4];
+      bi[j] = im[j] - im[j + 4];
+    }
+    // Odd outputs: b(j) times exp(-i*pi*j/4) before the four-point DFT.
+    double t = r * (br[1] + bi[1]);
+    bi[1] = r * (bi[1] - br[1]);
+    br[1] = t;
+    t = bi[2];
+    bi[2] = -br[2];
+    br[2] = t;
+    t = r * (bi[3] - br[3]);
+    bi[3] = -r * (br[3] + bi[3]);
+    br[3] = t;
+    dft4(ar[0], ai[0], ar[1], ai[1], ar[2], ai[2], ar[3], ai[3]);
+    dft4(br[0], bi[0], br[1], bi[1], br[2], bi[2], br[3], bi[3]);
+    for (int q = 0; q < 4; ++q) {
+      re[2 * q] = ar[q];
+      im[2 * q] = ai[q];
+      re[2 * q + 1] = br[q];
+      im[2 * q + 1] = bi[q];
+    }
+  }
+};
+
+// Any odd prime radix up to 19: the outputs l and f-l share the cosine sums
+// of x(j)+x(f-j) and the sine sums of x(j)-x(f-j), j = 1..f/2.
+template <int F>
+struct DftOdd {
+  static_assert(F % 2 == 1 && F <= 19);
+  static constexpr int f = F;
+  static constexpr int h = F / 2;
+  static constexpr int place(int q) { return q; }
+  double cs[h][h], sn[h][h];  // cos and sin of 2*pi*(j*l mod f)/f, j, l = 1..h
+
+  DftOdd() {
+    double c[F], s[F];
+    roots(F, c, s);
+    for (int j = 1; j <= h; ++j)
+      for (int l = 1; l <= h; ++l) {
+        cs[j - 1][l - 1] = c[(j * l) % F];
+        sn[j - 1][l - 1] = s[(j * l) % F];
+      }
+  }
+
+  void operator()(double* re, double* im) const {
+    double ar[h], ai[h], br[h], bi[h];
+    double sr = re[0], si = im[0];
+    for (int j = 0; j < h; ++j) {
+      ar[j] = re[j + 1] + re[F - 1 - j];
+      ai[j] = im[j + 1] + im[F - 1 - j];
+      br[j] = re[j + 1] - re[F - 1 - j];
+      bi[j] = im[j + 1] - im[F - 1 - j];
+      sr += ar[j];
+      si += ai[j];
+    }
+    for (int l = 0; l < h; ++l) {
+      double pr = re[0], pi = im[0], qr = 0.0, qi = 0.0;
+      for (int j = 0; j < h; ++j) {
+        pr += ar[j] * cs[j][l];
+        pi += ai[j] * cs[j][l];
+        qr += br[j] * sn[j][l];
+        qi += bi[j] * sn[j][l];
+      }
+      set_pair(re, im, l + 1, F - 1 - l, pr, pi, qr, qi);
+    }
+    re[0] = sr;
+    im[0] = si;
+  }
+};
+
+}  // namespace zil::fft

@@ -1,0 +1,404 @@
+// Mixed-radix passes in the manner of Singleton's in-place transform: the
+// real and Hermitian passes keep every intermediate block of length m in the
+// Hermitian layout of that length, so a butterfly at index k reads and
+// writes the same 2f slots (k and m-k of each block) and needs no complex
+// temporaries beyond its own f values.
+#include "transforms/detail/passes.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+#include "transforms/detail/kernels.hpp"
+
+namespace zil::fft {
+namespace {
+
+// The twiddle of index k in a pass of radix f and span m has the angle
+// k*2*pi/(f*m); its powers exp(-i*l*angle), l < f, come from one sine and
+// cosine by the recurrence w(l) = w(l-1)*w(1).
+template <int F>
+void powers(Integer k, Integer fm, double* wr, double* wi) {
+  const double angle = static_cast<double>(k) * kTwoPi / static_cast<double>(fm);
+  wr[1] = std::cos(angle);
+  wi[1] = -std::sin(angle);
+  for (int l = 2; l < F; ++l) {
+    wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
+    wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
+  }
+}
+
+// Twiddles of up to kChunk consecutive indices k (with, in the complex
+// pass, their partners m-k) are computed at the start of a sweep over the
+// groups and held on the stack for it.  Sweeping once per chunk rather than
+// once per index keeps the late passes, where m is small and the groups
+// many, from streaming the whole array through the cache for every k.
+inline constexpr Integer kChunk = 16;
+
+template <int F>
+struct Chunk {
+  Integer first = 0, end = 0;  // indices k in [first, end)
+  double wr[kChunk][F], wi[kChunk][F];  // exp(-i*l*angle(k))
+  double pr[kChunk][F], pi[kChunk][F];  // the same for m-k
+
+  // Fills the chunk that starts at first, for the indices k <= m/2.  The
+  // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
+  // come from the roots rc, rs when asked for.
+  void fill(Integer start, Integer m, const double* rc, const double* rs) {
+    first = start;
+    end = std::min<Integer>(start + kChunk, m / 2 + 1);
+    for (Integer k = std::max<Integer>(first, 1); k < end; ++k) {
+      double* w_r = wr[k - first];
+      double* w_i = wi[k - first];
+      powers<F>(k, F * m, w_r, w_i);
+      if (!rc) continue;
+      for (int q = 1; q < F; ++q) {
+        pr[k - first][q] = rc[q] * w_r[q] - rs[q] * w_i[q];
+        pi[k - first][q] = -rc[q] * w_i[q] - rs[q] * w_r[q];
+      }
+    }
+  }
+};
+
+// ---- Complex passes: decimation in frequency, twiddles after --------------
+
+template <class D>
+void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
+  constexpr int F = D::f;
+  const Integer fm = F * m;
+  double rc[F], rs[F];
+  roots(F, rc, rs);
+  Chunk<F> c;
+
+  // The butterfly at offset o; tr, ti are null for the trivial twiddle at
+  // k = 0, which costs no multiplication.
+  auto butterfly = [&](Integer o, const double* tr, const double* ti) {
+    double re[F], im[F];
+    for (int l = 0; l < F; ++l) {
+      re[l] = x[o + l * m];
+      im[l] = y[o + l * m];
+    }
+    dft(re, im);
+    x[o] = re[0];
+    y[o] = im[0];
+    for (int q = 1; q < F; ++q) {
+      const Integer t = o + D::place(q) * m;
+      if (tr) {
+        x[t] = re[q] * tr[q] - im[q] * ti[q];
+        y[t] = re[q] * ti[q] + im[q] * tr[q];
+      } else {
+        x[t] = re[q];
+        y[t] = im[q];
+      }
+    }
+  };
+
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, rc, rs);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer k = c.first; k < c.end; ++k) {
+        const Integer i = k - c.first;
+        if (k == 0) {
+          butterfly(g, nullptr, nullptr);
+          continue;
+        }
+        butterfly(g + k, c.wr[i], c.wi[i]);
+        if (2 * k < m) butterfly(g + m - k, c.pr[i], c.pi[i]);
+      }
+  }
+}
+
+// ---- Real passes: decimation in time, twiddles before ---------------------
+// The f blocks of length m of a group hold transforms Z(l) in the Hermitian
+// layout (block l at place(l)); they become one block of length f*m,
+// Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
+
+template <class D>
+void real_pass(const D& dft, Integer n, Integer m, double* x) {
+  constexpr int F = D::f;
+  const Integer fm = F * m;
+  double re[F], im[F];
+  Chunk<F> c;
+
+  // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
+  auto first_index = [&](Integer g) {
+    for (int l = 0; l < F; ++l) {
+      re[l] = x[g + D::place(l) * m];
+      im[l] = 0.0;
+    }
+    dft(re, im);
+    x[g] = re[0];
+    for (int q = 1; 2 * q < F; ++q) {
+      x[g + q * m] = re[q];
+      x[g + (F - q) * m] = im[q];
+    }
+    if (F % 2 == 0) x[g + (F / 2) * m] = re[F / 2];
+  };
+
+  // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
+  // conjugate is stored at f*m - (k + q*m).
+  auto inner_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+    re[0] = x[g + k];
+    im[0] = x[g + m - k];
+    for (int l = 1; l < F; ++l) {
+      const Integer b = g + D::place(l) * m;
+      const double a = x[b + k], d = x[b + m - k];
+      re[l] = a * wr[l] - d * wi[l];
+      im[l] = a * wi[l] + d * wr[l];
+    }
+    dft(re, im);
+    for (int q = 0; q < F; ++q) {
+      const Integer kk = k + q * m;
+      if (2 * q < F) {
+        x[g + kk] = re[q];
+        x[g + fm - kk] = im[q];
+      } else {
+        x[g + fm - kk] = re[q];
+        x[g + kk] = -im[q];
+      }
+    }
+  };
+
+  // k = m/2: real inputs; outputs q and f-1-q are conjugates.
+  auto middle_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+    re[0] = x[g + k];
+    im[0] = 0.0;
+    for (int l = 1; l < F; ++l) {
+      const double a = x[g + D::place(l) * m + k];
+      re[l] = a * wr[l];
+      im[l] = a * wi[l];
+    }
+    dft(re, im);
+    for (int q = 0; 2 * q + 1 < F; ++q) {
+      const Integer kk = k + q * m;
+      x[g + kk] = re[q];
+      x[g + fm - kk] = im[q];
+    }
+    if (F % 2 == 1) x[g + fm / 2] = re[F / 2];
+  };
+
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, nullptr, nullptr);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer k = c.first; k < c.end; ++k) {
+        const Integer i = k - c.first;
+        if (k == 0)
+          first_index(g);
+        else if (2 * k < m)
+          inner_index(g, k, c.wr[i], c.wi[i]);
+        else
+          middle_index(g, k, c.wr[i], c.wi[i]);
+      }
+  }
+}
+
+// ---- Hermitian passes: decimation in frequency, twiddles after ------------
+// A group of length f*m in the Hermitian layout becomes f blocks of length m
+// (block q at place(q)), y(q)(r) = exp(-i*2*pi*r*q/(f*m)) sum_l Z(r + l*m)
+// exp(-i*2*pi*l*q/f), each again Hermitian in r.  r = 0 and r = m/2 give
+// the real first and middle elements of the blocks.
+
+template <class D>
+void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
+  constexpr int F = D::f;
+  const Integer fm = F * m;
+  double re[F], im[F];
+  Chunk<F> c;
+
+  // Reads Z(r + l*m) from the group's Hermitian layout.
+  auto load = [&](Integer g, Integer r) {
+    for (int l = 0; l < F; ++l) {
+      const Integer kk = r + l * m;
+      if (2 * kk < fm) {
+        re[l] = x[g + kk];
+        im[l] = kk == 0 ? 0.0 : x[g + fm - kk];
+      } else if (2 * kk == fm) {
+        re[l] = x[g + kk];
+        im[l] = 0.0;
+      } else {
+        re[l] = x[g + fm - kk];
+        im[l] = -x[g + kk];
+      }
+    }
+  };
+
+  auto butterfly = [&](Integer g, Integer r, const double* wr, const double* wi) {
+    load(g, r);
+    dft(re, im);
+    if (r == 0) {
+      for (int q = 0; q < F; ++q) x[g + D::place(q) * m] = re[q];
+      return;
+    }
+    const bool middle = 2 * r == m;
+    x[g + r] = re[0];
+    if (!middle) x[g + m - r] = im[0];
+    for (int q = 1; q < F; ++q) {
+      const Integer b = g + D::place(q) * m;
+      x[b + r] = re[q] * wr[q] - im[q] * wi[q];
+      if (!middle) x[b + m - r] = re[q] * wi[q] + im[q] * wr[q];
+    }
+  };
+
+  for (Integer first = 0; 2 * first <= m; first += kChunk) {
+    c.fill(first, m, nullptr, nullptr);
+    for (Integer g = 0; g < n; g += fm)
+      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r, c.wr[r - c.first], c.wi[r - c.first]);
+  }
+}
+
+// Calls fn with the butterfly of radix f.
+template <class Fn>
+void with_radix(Integer f, Fn&& fn) {
+  switch (f) {
+    case 2: fn(Dft2{}); break;
+    case 3: fn(Dft3{}); break;
+    case 4: fn(Dft4{}); break;
+    case 5: fn(Dft5{}); break;
+    case 8: fn(Dft8{}); break;
+    case 7: fn(DftOdd<7>{}); break;
+    case 11: fn(DftOdd<11>{}); break;
+    case 13: fn(DftOdd<13>{}); break;
+    case 17: fn(DftOdd<17>{}); break;
+    case 19: fn(DftOdd<19>{}); break;
+    default: break;  // 1: a hole left by merging the 2s
+  }
+}
+
+// ---- Reordering -----------------------------------------------------------
+// The passes leave element k of the result at the index whose digits (with
+// respect to the stage list, first pass most significant) are those of k
+// read backwards.  Both stages move element p to rev(p).
+
+template <class Swap>
+void reorder_squares(long n, const Integer* digit, Swap&& swap) {
+  int len = 0;
+  while (digit[len] != 0) ++len;
+  if (len == 0) return;
+  // The list is symmetric, so rev is an involution: swap each pair once.
+  long weight[kListSize];  // weight of digit i in rev(p): product of the digits before it
+  long count[kListSize] = {};
+  weight[0] = 1;
+  for (int i = 1; i < len; ++i) weight[i] = weight[i - 1] * digit[i - 1];
+  const long last = digit[len - 1], step = weight[len - 1];
+  long r = 0;
+  for (long p = 0; p < n;) {
+    for (long a = 0; a < last; ++a, ++p, r += step)
+      if (p < r) swap(p, r);
+    r -= last * step;
+    for (int i = len - 2; i >= 0; --i) {
+      r += weight[i];
+      if (++count[i] < digit[i]) break;
+      r -= digit[i] * weight[i];
+      count[i] = 0;
+    }
+  }
+}
+
+// Division of a 32-bit index by a small fixed divisor through one 64-bit
+// reciprocal (Lemire, Kaser and Kurz, "Faster remainder by direct
+// computation", 2019): exact for every 32-bit numerator and every divisor
+// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.  The cycle-leader
+// walk below evaluates its index map several times per element, and a
+// hardware division per digit would dominate the whole transform.
+struct FastDivisor {
+  std::uint32_t d = 1;
+  std::uint64_t inverse = 0;
+  void set(std::uint32_t divisor) {
+    d = divisor;
+    inverse = UINT64_MAX / divisor + 1;
+  }
+  std::uint32_t quotient(std::uint32_t a) const {
+    if (d == 1) return a;
+    return static_cast<std::uint32_t>((static_cast<unsigned __int128>(inverse) * a) >> 64);
+  }
+};
+
+// The square-free stage is no involution.  Block t of each segment must
+// receive block map(t), map being the inverse reversal; the cycle-leader
+// method follows map from t until it reaches an index not below t, which is
+// where the wanted block now lies.
+template <class Swap>
+void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
+  int len = 0;
+  while (sf[len] != 0) ++len;
+  if (len == 0) return;
+  // Digit i of t (the first factor least significant) is (t / below_i)
+  // mod s_i; each digit is taken straight from t, so the digits of one
+  // evaluation do not wait on one another.  In map(t) it weighs above_i.
+  FastDivisor below[kListSize], radix[kListSize];
+  std::uint32_t above[kListSize];
+  std::uint32_t product = 1;
+  for (int i = 0; i < len; ++i) {
+    below[i].set(product);
+    radix[i].set(static_cast<std::uint32_t>(sf[i]));
+    product *= static_cast<std::uint32_t>(sf[i]);
+  }
+  for (int i = 0; i < len; ++i) above[i] = product / (below[i].d * radix[i].d);
+  const long blocks = n / (kt * kt), stride = blocks * kt;
+  auto map = [&](std::uint32_t t) {
+    std::uint32_t b = 0;
+    for (int i = 0; i < len; ++i) {
+      const std::uint32_t q = below[i].quotient(t);
+      b += (q - radix[i].quotient(q) * radix[i].d) * above[i];
+    }
+    return b;
+  };
+  for (std::uint32_t t = 1; t < blocks; ++t) {
+    std::uint32_t u = map(t);
+    while (u < t) u = map(u);
+    if (u == t) continue;
+    for (long seg = 0; seg < n; seg += stride)
+      for (long e = 0; e < kt; ++e) swap(seg + t * kt + e, seg + u * kt + e);
+  }
+}
+
+void reorder(Integer n, const Factors& fac, double* x, double* y) {
+  if (y) {
+    auto swap2 = [x, y](long a, long b) {
+      std::swap(x[a], x[b]);
+      std::swap(y[a], y[b]);
+    };
+    reorder_squares(n, fac.digit, swap2);
+    reorder_square_free(n, fac.square_free, fac.kt, swap2);
+  } else {
+    auto swap1 = [x](long a, long b) { std::swap(x[a], x[b]); };
+    reorder_squares(n, fac.digit, swap1);
+    reorder_square_free(n, fac.square_free, fac.kt, swap1);
+  }
+}
+
+}  // namespace
+
+void real_transform(Integer n, const Factors& fac, double* x) {
+  reorder(n, fac, x, nullptr);
+  Integer m = 1;
+  for (const Integer* f = fac.stage; *f != 0; ++f) {
+    with_radix(*f, [&](const auto& dft) { real_pass(dft, n, m, x); });
+    m *= *f;
+  }
+}
+
+void hermitian_transform(Integer n, const Factors& fac, double* x) {
+  Integer m = n;
+  for (const Integer* f = fac.stage; *f != 0; ++f) {
+    m /= *f;
+    with_radix(*f, [&](const auto& dft) { hermitian_pass(dft, n, m, x); });
+  }
+  reorder(n, fac, x, nullptr);
+}
+
+void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
+  Integer m = n;
+  for (const Integer* f = fac.stage; *f != 0; ++f) {
+    m /= *f;
+    with_radix(*f, [&](const auto& dft) { complex_pass(dft, n, m, x, y); });
+  }
+  reorder(n, fac, x, y);
+}
+
+void divide(Integer n, double* x, double d) {
+  for (Integer i = 0; i < n; ++i) x[i] /= d;
+}
+
+}  // namespace zil::fft
