@@ -5,5 +5,6 @@
 #include "zil_types.h"
 #include "zil_errors.h"
 #include "zil_frame.h"
+#include "zil_linalg.h"
 
 #endif /* ZIL_H */
