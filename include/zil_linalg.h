@@ -6,6 +6,7 @@
 #define ZIL_LINALG_H
 
 #include "zil_types.h"
+#include "zil_blas_fronts.h"
 
 #ifdef __cplusplus
 extern "C" {

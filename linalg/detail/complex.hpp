@@ -20,3 +20,8 @@ inline bool is_one(double a) { return a == 1.0; }
 inline double abs1(Complex a) { return std::fabs(a.re) + std::fabs(a.im); }
 
 }  // namespace zil::linalg
+
+namespace zil::linalg {
+// The identity on reals, so that one template serves both element types.
+inline double conj(double a) { return a; }
+}  // namespace zil::linalg

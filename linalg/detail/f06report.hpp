@@ -28,4 +28,13 @@ inline bool report_f06(const char* tag, ZilError& rec,
   return true;
 }
 
+// An older form: calls the f16 routine f with args and its own record, then
+// reports any failure under tag.
+template <class F, class... A>
+void older_form(F f, const char* tag, std::initializer_list<Integer> positions, A... args) {
+  ZilError rec = own_record();
+  f(args..., &rec);
+  report_f06(tag, rec, positions);
+}
+
 }  // namespace zil::linalg

@@ -71,6 +71,14 @@ class F16Check {
     return report_int(pos, name, v, text);
   }
 
+  // "pda >= MAX(1,m)": at least the named dimension, and at least 1.
+  bool ld_max1(int pos, const char* name, Integer v, const char* dim, Integer dimval) {
+    if (v >= (dimval > 1 ? dimval : 1)) return false;
+    char text[48];
+    format_into(text, "%s >= MAX(1,%s)", name, dim);
+    return report_int(pos, name, v, text);
+  }
+
   void alloc_fail() { rep_.alloc_fail(); }
   void success() { rep_.success(); }
 
