@@ -4,7 +4,9 @@
 
 #include "zil_types.h"
 #include "zil_errors.h"
+#include "zil_enums.h"
 #include "zil_frame.h"
+#include "zil_env.h"
 #include "zil_linalg.h"
 
 #endif /* ZIL_H */

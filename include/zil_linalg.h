@@ -6,38 +6,14 @@
 #define ZIL_LINALG_H
 
 #include "zil_types.h"
+#include "zil_enums.h"
 #include "zil_blas_fronts.h"
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
-/* ---- Option words ------------------------------------------------------ */
-
-/* The f16 family. */
-enum {
-  Zil_RowMajor = 101, Zil_ColMajor = 102,
-  Zil_NoTrans = 111, Zil_Trans = 112, Zil_ConjTrans = 113,
-  Zil_Upper = 121, Zil_Lower = 122,
-  Zil_NonRefDiag = 130, Zil_NonUnitDiag = 131, Zil_UnitDiag = 132,
-  Zil_LeftSide = 141, Zil_RightSide = 142, Zil_BothSides = 143,
-  Zil_OneNorm = 171, Zil_RealOneNorm = 172, Zil_TwoNorm = 173, Zil_FrobeniusNorm = 174,
-  Zil_InfNorm = 175, Zil_RealInfNorm = 176, Zil_MaxNorm = 177, Zil_RealMaxNorm = 178,
-  Zil_Conj = 191, Zil_NoConj = 192
-};
-
-/* The older family of the f06 forms. */
-enum {
-  NoTranspose = 1001, Transpose = 1002, ConjugateTranspose = 1003,
-  UpperTriangle = 1004, LowerTriangle = 1005,
-  UnitTriangular = 1006, NotUnitTriangular = 1007,
-  LeftSide = 1008, RightSide = 1009,
-  BottomPivot = 1010, TopPivot = 1011, VariablePivot = 1012, FixedPivot = 1013,
-  ForwardSequence = 1014, BackwardSequence = 1015,
-  OneNorm = 1016, FrobeniusNorm = 1017, MaxAbsValue = 1018, InfinityNorm = 1019,
-  General = 1020, UpperTriangular = 1021, LowerTriangular = 1022,
-  SymmetricUpper = 1023, SymmetricLower = 1024, HermitianUpper = 1025, HermitianLower = 1026
-};
+/* The option words (Zil_RowMajor, NoTranspose, ...) are in zil_enums.h. */
 
 /* ---- Level-1 real -------------------------------------------------------
    Routines of one vector walk from x[0] by the stride (a negative stride

@@ -116,7 +116,7 @@ extern "C" void f06fjc(Integer n, const double x[], Integer incx, double* scale,
 
 extern "C" double f06bmc(double scale, double sumsq) {
   double r = std::sqrt(sumsq);
-  return scale >= kFlMax / r ? kFlMax : r * scale;
+  return scale >= fl_max() / r ? fl_max() : r * scale;
 }
 
 extern "C" double f06ejc(Integer n, const double x[], Integer incx) {

@@ -15,16 +15,16 @@ namespace {
 // the decimal constants of IEEE double precision that the second forms
 // carry written into them.
 struct MachineConsts {
-  static double rteps() { return std::sqrt(kEps); }
-  static double rrteps() { return 1.0 / std::sqrt(kEps); }
-  static constexpr double small = kSafeMin;
-  static constexpr double flmax = kFlMax;
+  static double rteps() { return std::sqrt(machine_eps()); }
+  static double rrteps() { return 1.0 / std::sqrt(machine_eps()); }
+  static double small() { return safe_min(); }
+  static double flmax() { return fl_max(); }
 };
 struct IeeeConsts {
   static double rteps() { return 1.05367121277235e-8; }
   static double rrteps() { return 94906265.6242515; }
-  static constexpr double small = 2.22507385850722e-308;
-  static constexpr double flmax = 4.49423283715585e307;
+  static double small() { return 2.22507385850722e-308; }
+  static double flmax() { return 4.49423283715585e307; }
 };
 
 template <class K>
@@ -35,18 +35,18 @@ double divide(double a, double b, Integer& fail) {
   }
   if (b == 0.0) {
     fail = 1;
-    return std::copysign(K::flmax, a);
+    return std::copysign(K::flmax(), a);
   }
   double absb = std::fabs(b), absa = std::fabs(a);
   if (absb >= 1.0) {
     // Only underflow is possible: a quotient below the safe range is 0.
     fail = 0;
-    return absb * K::small > absa ? 0.0 : a / b;
+    return absb * K::small() > absa ? 0.0 : a / b;
   }
   // |b| < 1 can overflow the quotient; the test is made without dividing.
-  if (absb * K::flmax < absa) {
+  if (absb * K::flmax() < absa) {
     fail = 1;
-    return (a < 0.0) != (b < 0.0) ? -K::flmax : K::flmax;
+    return (a < 0.0) != (b < 0.0) ? -K::flmax() : K::flmax();
   }
   fail = 0;
   return a / b;
@@ -90,7 +90,7 @@ template <Reflector V>
 void householder(Integer n, double& alpha, double x[], Integer incx, double tol, double& zeta) {
   zeta = 0.0;
   if (n < 1 || (n == 1 && x[0] == 0.0)) return;
-  double thresh = std::max(std::fabs(alpha) * kEps, tol);
+  double thresh = std::max(std::fabs(alpha) * machine_eps(), tol);
   if (n == 1) {
     if (alpha == 0.0) {
       zeta = 1.0;
@@ -128,7 +128,7 @@ void householder(Integer n, double& alpha, double x[], Integer incx, double tol,
     if (alpha > 0.0) beta = -beta;
   }
   double d = alpha == 0.0 ? beta : zeta * beta;
-  if (V == Reflector::Qr && std::fabs(beta) < kSafeMin) {
+  if (V == Reflector::Qr && std::fabs(beta) < safe_min()) {
     // The reciprocal of a tiny divisor would overflow: divide instead.
     walk1(n, x, incx, [d](double& v) { v = -v / d; });
   } else {
@@ -154,7 +154,7 @@ void householder_qr(Integer n, double& alpha, double x[], Integer incx, double t
 
 Integer first_small_element(Integer n, const double x[], Integer incx, double tol) {
   if (n < 1) return 0;
-  if (tol < 0.0) tol = kEps;
+  if (tol < 0.0) tol = machine_eps();
   double xmax = std::fabs(x[0]);
   Index ix = 0;
   for (Integer k = 0; k < n; ++k, ix += incx) {

@@ -7,19 +7,24 @@ cd "$(dirname "$0")/.."
 bash tools/setup.sh
 jobs=$(nproc)
 
+# run_suite DIR TARGET LABEL CMAKE-ARGS...: TARGET and LABEL may be "all".
 run_suite() {
-  local dir=$1; shift
-  local label=$1; shift
+  local dir=$1 target=$2 label=$3
+  shift 3
   echo "==== $dir"
   cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
-  cmake --build "$dir" -j"$jobs"
-  if [ -n "$label" ]; then
-    ctest --test-dir "$dir" -j"$jobs" --output-on-failure -L "$label"
+  if [ "$target" = all ]; then
+    cmake --build "$dir" -j"$jobs"
   else
-    ctest --test-dir "$dir" -j"$jobs" --output-on-failure
+    cmake --build "$dir" -j"$jobs" --target "$target"
   fi
+  local select=()
+  [ "$label" = all ] || select=(-L "$label")
+  ctest --test-dir "$dir" -j"$jobs" --output-on-failure "${select[@]}"
 }
 
-run_suite build/release "" -DCMAKE_BUILD_TYPE=Release
-run_suite build/sanitize "" -DCMAKE_BUILD_TYPE=Debug -DZIL_SANITIZE=ON
-run_suite build/tsan concurrency -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZIL_TSAN=ON -DZIL_EXAMPLES=OFF
+run_suite build/release all all -DCMAKE_BUILD_TYPE=Release
+run_suite build/sanitize all all -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZIL_SANITIZE=ON
+if [ -d tests/concurrency ]; then
+  run_suite build/tsan test_concurrency concurrency -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZIL_TSAN=ON -DZIL_EXAMPLES=OFF
+fi

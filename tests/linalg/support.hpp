@@ -47,14 +47,6 @@ inline ZilError quiet() {
   return f;
 }
 
-// The message texts come from the code table; until the full table is in
-// the library the texts are not compared.
-inline bool table_ready() { return zil_errlist[ZE_INT] != nullptr && zil_errlist[ZE_INT][0] != '\0'; }
-#define EXPECT_MESSAGE(rec, text) \
-  do {                            \
-    if (kt::table_ready()) EXPECT_STREQ((rec).message, text); \
-  } while (0)
-
 inline Complex cmul(Complex a, Complex b) { return {a.re * b.re - a.im * b.im, a.re * b.im + a.im * b.re}; }
 inline Complex cadd(Complex a, Complex b) { return {a.re + b.re, a.im + b.im}; }
 inline Complex cconj(Complex a) { return {a.re, -a.im}; }

@@ -23,7 +23,7 @@ void check(const ZilError& f, const Expect& e, const std::string& what) {
   EXPECT_EQ(f.code, e.code) << what;
   EXPECT_EQ(f.argnum, e.argnum) << what;
   EXPECT_EQ(f.argval, e.argval) << what;
-  if (table_ready()) EXPECT_STREQ(f.message, e.message) << what;
+  EXPECT_STREQ(f.message, e.message) << what;
 }
 
 TEST(FrontChecks, GemvInCheckOrder) {
@@ -109,8 +109,7 @@ std::string older_report(void (*call)()) {
 }
 void expect_report(const std::string& out, const char* tag, int position) {
   EXPECT_NE(out.find(std::string("Routine ") + tag + ":"), std::string::npos) << out;
-  if (table_ready())
-    EXPECT_NE(out.find("parameter number " + std::to_string(position) + " had"), std::string::npos) << out;
+  EXPECT_NE(out.find("parameter number " + std::to_string(position) + " had"), std::string::npos) << out;
 }
 
 TEST(OlderForms, ReportPositionsOfTheirOwnLists) {

@@ -268,7 +268,7 @@ TEST(Daxpby, FailureRecords) {
     EXPECT_EQ(f.code, c.code);
     EXPECT_EQ(f.argnum, c.argnum);
     EXPECT_EQ(f.argval, c.argval);
-    EXPECT_MESSAGE(f, c.message);
+    EXPECT_STREQ(f.message, c.message);
   }
   ZilError ok = quiet();
   ok.argnum = 5;
@@ -283,12 +283,12 @@ TEST(Daxpby, OlderFormsReportTheirOwnPositions) {
   testing::internal::CaptureStderr();
   f06ecc(2, 1.0, x, 0, y, 1);
   std::string out = testing::internal::GetCapturedStderr();
-  if (table_ready()) EXPECT_NE(out.find("parameter number 4 had an illegal value"), std::string::npos) << out;
+  EXPECT_NE(out.find("parameter number 4 had an illegal value"), std::string::npos) << out;
   EXPECT_EQ(y[0], 3.0);
   testing::internal::CaptureStderr();
   f06fdc(2, 1.0, x, 1, y, 0);
   out = testing::internal::GetCapturedStderr();
-  if (table_ready()) EXPECT_NE(out.find("parameter number 6 had an illegal value"), std::string::npos) << out;
+  EXPECT_NE(out.find("parameter number 6 had an illegal value"), std::string::npos) << out;
 }
 
 TEST(Loads, FillAndCheck) {
@@ -309,7 +309,7 @@ TEST(Loads, FillAndCheck) {
   f16dbc(3, 1, nullptr, 1, &f);
   EXPECT_EQ(f.code, ZE_BAD_PARAM);
   EXPECT_EQ(f.argnum, -3);
-  EXPECT_MESSAGE(f, "ZE_BAD_PARAM:\n  On entry, parameter x had an illegal value.");
+  EXPECT_STREQ(f.message, "ZE_BAD_PARAM:\n  On entry, parameter x had an illegal value.");
 }
 
 }  // namespace
