@@ -75,6 +75,107 @@ ZIL_API void zil_daxpby(Integer n, double alpha, const double x[], Integer incx,
 ZIL_API void zil_dload(Integer n, double alpha, double x[], Integer incx, ZilError *fail);
 ZIL_API void zil_zload(Integer n, Complex alpha, Complex x[], Integer incx, ZilError *fail);
 
+/* ---- Matrix copy, load and norm ------------------------------------------
+   f16 forms: order first; B = op(A) for the copies, alpha off the diagonal
+   and beta on it for the loads, and the norm (one, Frobenius, infinity or
+   largest modulus; not the two-norm) in value. */
+
+ZIL_API void f16qfc(Integer order, Integer trans, Integer m, Integer n, const double a[], Integer pda,
+                    double b[], Integer pdb, ZilError *fail);
+ZIL_API void zil_dge_copy(Integer order, Integer trans, Integer m, Integer n, const double a[], Integer pda,
+                          double b[], Integer pdb, ZilError *fail);
+ZIL_API void f16tfc(Integer order, Integer trans, Integer m, Integer n, const Complex a[], Integer pda,
+                    Complex b[], Integer pdb, ZilError *fail);
+ZIL_API void zil_zge_copy(Integer order, Integer trans, Integer m, Integer n, const Complex a[], Integer pda,
+                          Complex b[], Integer pdb, ZilError *fail);
+ZIL_API void f16qec(Integer order, Integer uplo, Integer trans, Integer diag, Integer n, const double a[],
+                    Integer pda, double b[], Integer pdb, ZilError *fail);
+ZIL_API void zil_dtr_copy(Integer order, Integer uplo, Integer trans, Integer diag, Integer n, const double a[],
+                          Integer pda, double b[], Integer pdb, ZilError *fail);
+ZIL_API void f16tec(Integer order, Integer uplo, Integer trans, Integer diag, Integer n, const Complex a[],
+                    Integer pda, Complex b[], Integer pdb, ZilError *fail);
+ZIL_API void zil_ztr_copy(Integer order, Integer uplo, Integer trans, Integer diag, Integer n, const Complex a[],
+                          Integer pda, Complex b[], Integer pdb, ZilError *fail);
+ZIL_API void f16qhc(Integer order, Integer m, Integer n, double alpha, double beta, double a[], Integer pda,
+                    ZilError *fail);
+ZIL_API void zil_dge_load(Integer order, Integer m, Integer n, double alpha, double beta, double a[], Integer pda,
+                          ZilError *fail);
+ZIL_API void f16thc(Integer order, Integer m, Integer n, Complex alpha, Complex beta, Complex a[], Integer pda,
+                    ZilError *fail);
+ZIL_API void zil_zge_load(Integer order, Integer m, Integer n, Complex alpha, Complex beta, Complex a[],
+                          Integer pda, ZilError *fail);
+ZIL_API void f16qgc(Integer order, Integer uplo, Integer n, double alpha, double beta, double a[], Integer pda,
+                    ZilError *fail);
+ZIL_API void zil_dtr_load(Integer order, Integer uplo, Integer n, double alpha, double beta, double a[],
+                          Integer pda, ZilError *fail);
+ZIL_API void f16tgc(Integer order, Integer uplo, Integer n, Complex alpha, Complex beta, Complex a[], Integer pda,
+                    ZilError *fail);
+ZIL_API void zyl_ztr_load(Integer order, Integer uplo, Integer n, Complex alpha, Complex beta, Complex a[],
+                          Integer pda, ZilError *fail);
+
+ZIL_API void f16rac(Integer order, Integer norm, Integer m, Integer n, const double a[], Integer pda,
+                    double *value, ZilError *fail);
+ZIL_API void zil_dge_norm(Integer order, Integer norm, Integer m, Integer n, const double a[], Integer pda,
+                          double *value, ZilError *fail);
+ZIL_API void f16uac(Integer order, Integer norm, Integer m, Integer n, const Complex a[], Integer pda,
+                    double *value, ZilError *fail);
+ZIL_API void zil_zge_norm(Integer order, Integer norm, Integer m, Integer n, const Complex a[], Integer pda,
+                          double *value, ZilError *fail);
+ZIL_API void f16rbc(Integer order, Integer norm, Integer n, Integer kl, Integer ku, const double ab[],
+                    Integer pdab, double *value, ZilError *fail);
+ZIL_API void zil_dgb_norm(Integer order, Integer norm, Integer n, Integer kl, Integer ku, const double ab[],
+                          Integer pdab, double *value, ZilError *fail);
+ZIL_API void f16ubc(Integer order, Integer norm, Integer n, Integer kl, Integer ku, const Complex ab[],
+                    Integer pdab, double *value, ZilError *fail);
+ZIL_API void zil_zgb_norm(Integer order, Integer norm, Integer n, Integer kl, Integer ku, const Complex ab[],
+                          Integer pdab, double *value, ZilError *fail);
+ZIL_API void f16rcc(Integer order, Integer norm, Integer uplo, Integer n, const double a[], Integer pda,
+                    double *value, ZilError *fail);
+ZIL_API void zil_dsy_norm(Integer order, Integer norm, Integer uplo, Integer n, const double a[], Integer pda,
+                          double *value, ZilError *fail);
+ZIL_API void f16ucc(Integer order, Integer norm, Integer uplo, Integer n, const Complex a[], Integer pda,
+                    double *value, ZilError *fail);
+ZIL_API void zil_zhe_norm(Integer order, Integer norm, Integer uplo, Integer n, const Complex a[], Integer pda,
+                          double *value, ZilError *fail);
+ZIL_API void f16ufc(Integer order, Integer norm, Integer uplo, Integer n, const Complex a[], Integer pda,
+                    double *value, ZilError *fail);
+ZIL_API void zil_zsy_norm(Integer order, Integer norm, Integer uplo, Integer n, const Complex a[], Integer pda,
+                          double *value, ZilError *fail);
+ZIL_API void f16rdc(Integer order, Integer norm, Integer uplo, Integer n, const double ap[], double *value,
+                    ZilError *fail);
+ZIL_API void zil_dsp_norm(Integer order, Integer norm, Integer uplo, Integer n, const double ap[], double *value,
+                          ZilError *fail);
+ZIL_API void f16udc(Integer order, Integer norm, Integer uplo, Integer n, const Complex ap[], double *value,
+                    ZilError *fail);
+ZIL_API void zil_zhp_norm(Integer order, Integer norm, Integer uplo, Integer n, const Complex ap[], double *value,
+                          ZilError *fail);
+ZIL_API void f16ugc(Integer order, Integer norm, Integer uplo, Integer n, const Complex ap[], double *value,
+                    ZilError *fail);
+ZIL_API void zil_zsp_norm(Integer order, Integer norm, Integer uplo, Integer n, const Complex ap[], double *value,
+                          ZilError *fail);
+ZIL_API void f16rec(Integer order, Integer norm, Integer uplo, Integer n, Integer k, const double ab[],
+                    Integer pdab, double *value, ZilError *fail);
+ZIL_API void zil_dsb_norm(Integer order, Integer norm, Integer uplo, Integer n, Integer k, const double ab[],
+                          Integer pdab, double *value, ZilError *fail);
+ZIL_API void f16uec(Integer order, Integer norm, Integer uplo, Integer n, Integer k, const Complex ab[],
+                    Integer pdab, double *value, ZilError *fail);
+ZIL_API void zil_zhb_norm(Integer order, Integer norm, Integer uplo, Integer n, Integer k, const Complex ab[],
+                          Integer pdab, double *value, ZilError *fail);
+
+/* Older utilities, column-major, shapes General, UpperTriangular,
+   LowerTriangular (and Symmetric/Hermitian for the norms), norms in the
+   older words.  A failure shows a box and returns 0.0. */
+ZIL_API void f06qfc(Integer shape, Integer m, Integer n, const double a[], Integer pda, double b[], Integer pdb);
+ZIL_API void f06tfc(Integer shape, Integer m, Integer n, const Complex a[], Integer pda, Complex b[], Integer pdb);
+ZIL_API void f06qff_f(const char *matrix, Integer m, Integer n, const double a[], Integer pda, double b[],
+                      Integer pdb, Integer matrix_len);
+ZIL_API void f06qhc(Integer shape, Integer m, Integer n, double con, double diag, double a[], Integer pda);
+ZIL_API void f06thc(Integer shape, Integer m, Integer n, Complex con, Complex diag, Complex a[], Integer pda);
+ZIL_API double f06qgc(Integer norm, Integer shape, Integer m, Integer n, const double a[], Integer pda);
+ZIL_API double f06rac(Integer norm, Integer m, Integer n, const double a[], Integer pda);
+ZIL_API double f06uaf(Integer norm, Integer m, Integer n, const Complex a[], Integer pda);
+ZIL_API double f06vgc(Integer norm, Integer shape, Integer m, Integer n, const Complex a[], Integer pda);
+
 #ifdef __cplusplus
 }
 #endif

@@ -21,6 +21,8 @@ inline bool valid_uplo(Integer v) { return v == Zil_Upper || v == Zil_Lower; }
 inline bool valid_diag(Integer v) { return v == Zil_NonUnitDiag || v == Zil_UnitDiag; }
 inline bool valid_side(Integer v) { return v == Zil_LeftSide || v == Zil_RightSide; }
 inline bool valid_conj(Integer v) { return v == Zil_Conj || v == Zil_NoConj; }
+// Every norm word but the two-norm, which no routine here computes.
+inline bool valid_norm(Integer v) { return v >= Zil_OneNorm && v <= Zil_RealMaxNorm && v != Zil_TwoNorm; }
 
 class F16Check {
  public:
@@ -41,6 +43,7 @@ class F16Check {
   bool diag(int pos, Integer v) { return enumeration(pos, "diag", v, valid_diag(v)); }
   bool side(int pos, Integer v) { return enumeration(pos, "side", v, valid_side(v)); }
   bool conj(int pos, Integer v) { return enumeration(pos, "conj", v, valid_conj(v)); }
+  bool norm(int pos, Integer v) { return enumeration(pos, "norm", v, valid_norm(v)); }
 
   // A dimension must not be negative: "m >= 0".
   bool dim(int pos, const char* name, Integer v) {
