@@ -76,4 +76,47 @@ void rotation_sequence_apply(Integer side, Integer pivot, Integer direct, Intege
     for (Integer k = k2 - 1; k >= k1; --k) apply(k);
 }
 
+namespace {
+
+double& elem(double a[], Integer pda, Integer i, Integer j) {  // from 1
+  return a[static_cast<Index>(j - 1) * pda + (i - 1)];
+}
+
+}  // namespace
+
+void reduce_row_spike(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda) {
+  if (k1 < 1 || k2 <= k1 || k2 > n) return;
+  for (Integer j = k1; j < k2; ++j) {
+    // The spike's element in column j against the diagonal of row j.
+    double spike = s[j - 1];
+    rotation_generate(elem(a, pda, j, j), spike, c[j - 1], s[j - 1]);
+    double cj = c[j - 1], sj = s[j - 1];
+    // The rest of rows j and k2; left of the diagonal row k2 is the spike.
+    for (Integer col = j + 1; col <= n; ++col) {
+      double& p = col < k2 ? s[col - 1] : elem(a, pda, k2, col);
+      rotate(elem(a, pda, j, col), p, cj, sj);
+    }
+  }
+}
+
+void shift_column(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda) {
+  if (k1 < 1 || k2 <= k1 || k2 > n) return;
+  // The cyclic permutation: column k1 (rows 1 .. k1) goes last.
+  for (Integer i = 1; i <= k1; ++i) {
+    double t = elem(a, pda, i, k1);
+    for (Integer j = k1; j < k2; ++j) elem(a, pda, i, j) = elem(a, pda, i, j + 1);
+    elem(a, pda, i, k2) = t;
+  }
+  for (Integer i = k1 + 1; i <= k2; ++i)
+    for (Integer j = i - 1; j < k2; ++j) elem(a, pda, i, j) = elem(a, pda, i, j + 1);
+  for (Integer i = k1 + 1; i <= k2; ++i) elem(a, pda, i, k2) = 0.0;
+  // Columns k1 .. k2-1 are now upper Hessenberg: one rotation per column.
+  for (Integer j = k1; j < k2; ++j) {
+    rotation_generate(elem(a, pda, j, j), elem(a, pda, j + 1, j), c[j - 1], s[j - 1]);
+    elem(a, pda, j + 1, j) = 0.0;
+    for (Integer col = j + 1; col <= n; ++col)
+      rotate(elem(a, pda, j, col), elem(a, pda, j + 1, col), c[j - 1], s[j - 1]);
+  }
+}
+
 }  // namespace zil::linalg

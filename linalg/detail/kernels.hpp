@@ -45,6 +45,21 @@ void rotation_sequence_apply(Integer side, Integer pivot, Integer direct, Intege
                              Integer k1, Integer k2, const double c[], const double s[],
                              double a[], Integer pda);
 
+// Triangular updaters over the rotation family, for an n by n upper
+// triangular column-major a, with k1 < k2 counted from 1 and rotation j
+// returned in c[j-1], s[j-1]:
+//
+// reduce_row_spike: row k2 of the triangle has a spike in columns k1 ..
+// k2-1, held in s[k1-1 .. k2-2] (the strict lower triangle of a is never
+// touched).  Rotations in the planes (j, k2), j = k1 .. k2-1, take it out
+// and leave a upper triangular.
+void reduce_row_spike(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda);
+// shift_column: moves column k1 to position k2, shifting columns k1+1 ..
+// k2 one place left; the sub-diagonal this leaves is removed by rotations
+// in the planes (j, j+1), j = k1 .. k2-1, and the sub-diagonal positions
+// are left zero.
+void shift_column(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda);
+
 // f06frc's contract with beta formed through f06bmc (the Kalman routines).
 void householder_kalman(Integer n, double& alpha, double x[], Integer incx, double tol,
                         double& zeta);

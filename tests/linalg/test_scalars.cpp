@@ -231,3 +231,68 @@ TEST(RotationSequences, ApplyReturnsOnEmptyRanges) {
 }
 
 }  // namespace
+
+namespace {
+
+// Column-major n by n helpers for the triangular updaters.
+using Mat = std::vector<double>;
+double& el(Mat& a, int n, int i, int j) { return a[std::size_t(j) * n + i]; }  // from 0
+Mat gram(Mat a, int n) {  // a^T a
+  Mat g(std::size_t(n) * n, 0.0);
+  for (int i = 0; i < n; ++i)
+    for (int j = 0; j < n; ++j)
+      for (int k = 0; k < n; ++k) el(g, n, i, j) += el(a, n, k, i) * el(a, n, k, j);
+  return g;
+}
+Mat upper_random(int n) {
+  Mat a(std::size_t(n) * n, 0.0);
+  for (int j = 0; j < n; ++j)
+    for (int i = 0; i <= j; ++i) el(a, n, i, j) = uniform() + (i == j ? 2.0 : 0.0);
+  return a;
+}
+
+TEST(TriangularUpdaters, RowSpikeKeepsTheGramMatrix) {
+  const int n = 6, k1 = 2, k2 = 5;  // from 1
+  Mat a = upper_random(n);
+  std::vector<double> c(n, 9.0), s(n, 9.0);
+  Mat full = a;
+  for (int j = k1; j < k2; ++j) {
+    s[j - 1] = uniform();
+    el(full, n, k2 - 1, j - 1) = s[j - 1];  // the spike in row k2
+  }
+  Mat g0 = gram(full, n);
+  la::reduce_row_spike(n, k1, k2, c.data(), s.data(), a.data(), n);
+  Mat g1 = gram(a, n);
+  for (std::size_t i = 0; i < g0.size(); ++i) EXPECT_NEAR(g1[i], g0[i], 64 * kEps);
+  for (int j = 0; j < n; ++j)
+    for (int i = j + 1; i < n; ++i) EXPECT_EQ(el(a, n, i, j), 0.0);  // never touched
+  for (int j = k1; j < k2; ++j) EXPECT_NEAR(c[j - 1] * c[j - 1] + s[j - 1] * s[j - 1], 1.0, 4 * kEps);
+  // The rotations replay on the spiked matrix: the row-k2 pivot form.
+  la::rotation_sequence_apply(LeftSide, BottomPivot, ForwardSequence, n, n, k1, k2, c.data(), s.data(), full.data(), n);
+  for (int j = 0; j < n; ++j)
+    for (int i = 0; i <= j; ++i) EXPECT_NEAR(el(full, n, i, j), el(a, n, i, j), 64 * kEps);
+  for (int j = 0; j < k2 - 1; ++j) EXPECT_NEAR(el(full, n, k2 - 1, j), 0.0, 64 * kEps);
+}
+
+TEST(TriangularUpdaters, ColumnShiftIsAPermutedFactor) {
+  const int n = 6, k1 = 2, k2 = 5;
+  Mat a = upper_random(n);
+  // R P: column k1 moved to k2.
+  Mat perm = a;
+  for (int j = k1; j < k2; ++j)
+    for (int i = 0; i < n; ++i) el(perm, n, i, j - 1) = el(a, n, i, j);
+  for (int i = 0; i < n; ++i) el(perm, n, i, k2 - 1) = el(a, n, i, k1 - 1);
+  Mat g0 = gram(perm, n);
+  std::vector<double> c(n), s(n);
+  la::shift_column(n, k1, k2, c.data(), s.data(), a.data(), n);
+  Mat g1 = gram(a, n);
+  for (std::size_t i = 0; i < g0.size(); ++i) EXPECT_NEAR(g1[i], g0[i], 64 * kEps);
+  for (int j = 0; j < n; ++j)
+    for (int i = j + 1; i < n; ++i) EXPECT_EQ(el(a, n, i, j), 0.0);
+  // Replaying the rotations on R P gives the new factor.
+  la::rotation_sequence_apply(LeftSide, VariablePivot, ForwardSequence, n, n, k1, k2, c.data(), s.data(), perm.data(), n);
+  for (int j = 0; j < n; ++j)
+    for (int i = 0; i < n; ++i) EXPECT_NEAR(el(perm, n, i, j), el(a, n, i, j), 64 * kEps);
+}
+
+}  // namespace
