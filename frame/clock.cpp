@@ -20,6 +20,10 @@ Integer x05aac_from(std::time_t t) {
   return static_cast<Integer>(t);
 }
 
+}  // namespace zil
+
+extern "C" {
+
 void x05date(Integer values[7]) {
   std::timespec now{};
   std::timespec_get(&now, TIME_UTC);
@@ -34,7 +38,7 @@ void x05date(Integer values[7]) {
   values[6] = static_cast<Integer>(now.tv_nsec / 1000000);
 }
 
-float x05cpu() {
+float x05cpu(void) {
   rusage use{};
   getrusage(RUSAGE_SELF, &use);
   double user = static_cast<double>(use.ru_utime.tv_sec) + 1e-6 * static_cast<double>(use.ru_utime.tv_usec);
@@ -42,6 +46,6 @@ float x05cpu() {
   return static_cast<float>(user + system);
 }
 
-}  // namespace zil
+}  // extern "C"
 
 extern "C" Integer x05aac(void) { return zil::x05aac_from(std::time(nullptr)); }

@@ -7,7 +7,7 @@
 #include "frame/export.hpp"
 #include "zil_env.h"
 
-namespace zil {
+extern "C" {
 
 // The larger part times sqrt(1 + (smaller/larger)^2): no large number is
 // ever squared, so the modulus overflows only when it is itself too large.
@@ -66,7 +66,7 @@ void a02acf(double a, double b, double c, double d, double* cr, double* ci) {
   }
 }
 
-}  // namespace zil
+}  // extern "C"
 
 namespace {
 
@@ -96,7 +96,7 @@ Complex a02ccc(Complex z, Complex w) { return cx(z.re * w.re - z.im * w.im, z.re
 
 Complex a02cdc(Complex z, Complex w) {
   Complex q;
-  zil::a02acf(z.re, z.im, w.re, w.im, &q.re, &q.im);
+  a02acf(z.re, z.im, w.re, w.im, &q.re, &q.im);
   return q;
 }
 
@@ -106,11 +106,11 @@ Boolean a02cgc(Complex z, Complex w) { return z.re == w.re && z.im == w.im; }
 Boolean a02chc(Complex z, Complex w) { return z.re != w.re || z.im != w.im; }
 
 double a02dac(Complex z) { return std::atan2(z.im, z.re); }
-double a02dbc(Complex z) { return zil::a02abf_f(z.re, z.im); }
+double a02dbc(Complex z) { return a02abf_f(z.re, z.im); }
 
 Complex a02dcc(Complex z) {
   Complex r;
-  zil::a02aaf(z.re, z.im, &r.re, &r.im);
+  a02aaf(z.re, z.im, &r.re, &r.im);
   return r;
 }
 

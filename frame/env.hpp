@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <ctime>
 
+#include "zil_env.h"
 #include "zil_types.h"
 
 namespace zil {
@@ -31,36 +32,9 @@ constexpr Integer x02emax() { return 1024; }
 // Whether underflow flushes to zero: it never does here.
 constexpr Boolean x02flag(double) { return 0; }
 
-// The sum of two reals behind a call, so that the eigenvalue kernels' tests
-// of the form x02add(&a, &b) == a cannot be rearranged by the optimiser.
-double x02add(const double* a, const double* b);
-
-// The constants the linear algebra layer reads in one piece.
-struct x02consts {
-  double base;
-  double digits;
-  double eps;
-  double sqrt_eps;
-  double small;
-  double sqrt_small;
-  double big;
-  double sqrt_big;
-  double zero;
-};
-
-void x02consts_fill(x02consts* c);
-
-// ---- Complex kernels of the by-reference routines ---------------------------
-// The public a02 routines are thin wrappers over these, so each algorithm
-// exists once.
-
-// Modulus of (re, im), by value and by reference.
-double a02abf_f(double re, double im);
-double a02abf(const double* re, const double* im);
-// Principal square root of (xr, xi) into (yr, yi).
-void a02aaf(double xr, double xi, double* yr, double* yi);
-// (ar, ai) / (br, bi) into (cr, ci).
-void a02acf(double ar, double ai, double br, double bi, double* cr, double* ci);
+// The C forms of these (x02ajf() and kin in zil_env.h) return the same
+// words; x02add, x02consts_fill, the complex kernels a02abf_f, a02abf,
+// a02aaf, a02acf and the clocks x05date, x05cpu are declared there too.
 
 // ---- Clocks -------------------------------------------------------------
 
@@ -68,10 +42,5 @@ void a02acf(double ar, double ai, double br, double bi, double* cr, double* ci);
 // which is reported and gives 0.
 Integer x05aac_from(std::time_t t);
 
-// year, month, day, hour, minute, second, millisecond, local time.
-void x05date(Integer values[7]);
-
-// CPU time of the process (user plus system) in seconds.
-float x05cpu();
 
 }  // namespace zil

@@ -5,9 +5,7 @@
 #include "frame/report.hpp"
 #include "zil_build_info.h"
 #include "zil_env.h"
-
-// The console and file writer of the channel routines.
-extern "C" ZIL_API void x04bay(const char* path, const char* text);
+#include "zil_frame.h"
 
 namespace {
 

@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "frame/report.hpp"
@@ -48,12 +49,15 @@ class EditArg {
 };
 
 // Formats values with a format in edit-descriptor notation ('text', A, Aw,
-// Iw, Ew.d, Fw.d, Gw.d, kP, nX, /, and repetition n(...), nIw), giving one
-// line per record.  Each line is cut to `width` characters and loses its
-// trailing blanks, but keeps at least one character.
+// Iw, Ew.d, Fw.d, Gw.d, kP, nX, /, and repetition n(...), nIw; also Iw.m,
+// Ew.dEe, nH and :), giving one line per record.  An A field wider than its
+// text is filled on the right; NaN and infinities print as NaN and INF.
+// Each line is cut to `width` characters and loses its trailing blanks, but
+// keeps at least one character.
 std::vector<std::string> edit_format(const char* format, std::span<const EditArg> values,
                                      std::size_t width = 80);
 template <class... A>
+  requires(std::is_constructible_v<EditArg, A> && ...)
 std::vector<std::string> edit_format(const char* format, A... values) {
   const EditArg args[] = {EditArg(values)..., EditArg(0)};
   return edit_format(format, std::span<const EditArg>(args, sizeof...(A)));
@@ -78,8 +82,10 @@ void errbuf_reset(char* errbuf);
 // Writes the failure line: name, failnum, msgid and the count of values as
 // five-wide integers, then the values by the given descriptor, e.g.
 // errbuf_write(errbuf, "S14ACF", 1, 99999, "(A,3(1X,I5),1X,1P,E13.5)", {x}).
+// count, when given, is the count written in place of values.size(), for a
+// record whose descriptor takes a text that only separates two fields.
 void errbuf_write(char* errbuf, const char* srname, Integer failnum, Integer msgid,
-                  const char* descriptor, std::span<const EditArg> values = {});
+                  const char* descriptor, std::span<const EditArg> values = {}, int count = -1);
 
 // One entry of a public routine's map from message id to its own literal,
 // which has a %s for each value (the values stand as the inner descriptor

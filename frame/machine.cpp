@@ -28,9 +28,19 @@ double x02anc(void) { return x02akc(); }
 // The largest finite double.
 double x02alc(void) { return from_bits(0x7FEFFFFFFFFFFFFF); }
 
-}  // extern "C"
-
-namespace zil {
+// The inner layer's words, from the same constants its C++ callers read.
+double x02ahf(double x) { return zil::x02ahf(x); }
+double x02ajf(void) { return zil::x02ajf(); }
+double x02akf(void) { return zil::x02akf(); }
+double x02amf(void) { return zil::x02amf(); }
+double x02anf(void) { return zil::x02anf(); }
+double x02alf(void) { return zil::x02alf(); }
+Integer x02int_max(double x) { return zil::x02int_max(x); }
+Integer x02base(void) { return zil::x02base(); }
+Integer x02digits(void) { return zil::x02digits(); }
+Integer x02emin(void) { return zil::x02emin(); }
+Integer x02emax(void) { return zil::x02emax(); }
+Boolean x02flag(double x) { return zil::x02flag(x); }
 
 // Out of line on purpose: the callers rely on the sum being rounded to a
 // double at the call, whatever the optimiser would like to keep in a register.
@@ -48,4 +58,4 @@ void x02consts_fill(x02consts* c) {
   c->zero = 0.0;
 }
 
-}  // namespace zil
+}  // extern "C"

@@ -22,7 +22,9 @@ bool is_error_text(const char* message) {
 }  // namespace
 
 extern "C" void p01acc(const char* message, Integer code, const char* routine, ZilError* fail) {
-  if (!message) message = zil_errlist[code];
+  // A code outside the table has no text of its own; reading past the
+  // table for it would be worse than reporting an empty one.
+  if (!message) message = (code >= 0 && code < ZIL_ERRLIST_SIZE) ? zil_errlist[code] : "";
   if (!routine) routine = "";
 
   if (code != 0 && (!fail || fail->print)) {

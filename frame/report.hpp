@@ -29,9 +29,14 @@ inline constexpr std::size_t kMessageSize = sizeof(ZilError::message);
 
 // Arguments of a message format.  The table's integer conversions are %ld,
 // so every integer is widened to long; every real travels as a double.
+struct Num;
+const char* num_text(const Num& n);
+
 template <class T>
-constexpr auto c_arg(T v) {
-  if constexpr (std::is_integral_v<T> || std::is_enum_v<T>)
+constexpr auto c_arg(const T& v) {
+  if constexpr (std::is_same_v<T, Num>)
+    return num_text(v);
+  else if constexpr (std::is_integral_v<T> || std::is_enum_v<T>)
     return static_cast<long>(v);
   else if constexpr (std::is_floating_point_v<T>)
     return static_cast<double>(v);
@@ -42,7 +47,7 @@ constexpr auto c_arg(T v) {
 // printf into a fixed buffer; the result is always terminated and truncated
 // rather than overrun.
 template <std::size_t N, class... A>
-void format_into(char (&buf)[N], const char* fmt, A... args) {
+void format_into(char (&buf)[N], const char* fmt, const A&... args) {
   if constexpr (sizeof...(A) == 0) {
     std::snprintf(buf, N, "%s", fmt);
   } else {
@@ -63,6 +68,7 @@ struct Num {
   explicit Num(double v, const char* fmt = "%g") { format_into(text, fmt, v); }
   operator const char*() const { return text; }
 };
+inline const char* num_text(const Num& n) { return n.text; }
 
 class Reporter {
  public:
@@ -91,13 +97,13 @@ class Reporter {
 
   // The table's format for code, filled with args.
   template <class... A>
-  void raise(Integer code, A... args) {
+  void raise(Integer code, const A&... args) {
     raise_text(code, zil_errlist[code], args...);
   }
 
   // A routine's own literal, which must begin with the code's name.
   template <class... A>
-  void raise_text(Integer code, const char* fmt, A... args) {
+  void raise_text(Integer code, const char* fmt, const A&... args) {
     char text[kMessageSize];
     format_into(text, fmt, args...);
     deliver(text, code);
@@ -155,7 +161,7 @@ class Reporter {
   // with the constraint written out, e.g.
   //   if (rep.require(n >= 1, ZE_INT, "n", n, "n >= 1")) return;
   template <class... A>
-  bool require(bool ok, Integer code, A... args) {
+  bool require(bool ok, Integer code, const A&... args) {
     if (ok) return false;
     raise(code, args...);
     return true;

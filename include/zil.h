@@ -7,6 +7,8 @@
 #include "zil_enums.h"
 #include "zil_frame.h"
 #include "zil_env.h"
+#include "zil_specfun.h"
+#include "zil_random.h"
 #include "zil_linalg.h"
 
 #endif /* ZIL_H */

@@ -107,6 +107,53 @@ ZIL_API void x03aac(const double a[], Integer isizea, const double b[], Integer 
 /* Seconds since the epoch, from the system's clock. */
 ZIL_API Integer x05aac(void);
 
+/* ---- Inner layer ---------------------------------------------------------
+   The by-reference kernels' own forms.  Their constants carry other low bits
+   than the public ones above, on purpose; the argument of the forms that
+   take one is ignored. */
+
+ZIL_API double x02ahf(double x);
+ZIL_API double x02ajf(void);
+ZIL_API double x02akf(void);
+ZIL_API double x02amf(void);
+ZIL_API double x02anf(void);
+ZIL_API double x02alf(void);
+ZIL_API Integer x02int_max(double x);
+ZIL_API Integer x02base(void);
+ZIL_API Integer x02digits(void);
+ZIL_API Integer x02emin(void);
+ZIL_API Integer x02emax(void);
+ZIL_API Boolean x02flag(double x);
+/* a + b, rounded to a double at the call. */
+ZIL_API double x02add(const double *a, const double *b);
+
+/* The constants the linear algebra layer reads in one piece. */
+typedef struct {
+  double base;
+  double digits;
+  double eps;
+  double sqrt_eps;
+  double small;
+  double sqrt_small;
+  double big;
+  double sqrt_big;
+  double zero;
+} x02consts;
+ZIL_API void x02consts_fill(x02consts *c);
+
+/* Modulus of (re, im), by value and by reference. */
+ZIL_API double a02abf_f(double re, double im);
+ZIL_API double a02abf(const double *re, const double *im);
+/* Principal square root of (xr, xi) into (yr, yi). */
+ZIL_API void a02aaf(double xr, double xi, double *yr, double *yi);
+/* (ar, ai) / (br, bi) into (cr, ci). */
+ZIL_API void a02acf(double ar, double ai, double br, double bi, double *cr, double *ci);
+
+/* year, month, day, hour, minute, second, millisecond, in local time. */
+ZIL_API void x05date(Integer values[7]);
+/* CPU time of the process (user plus system) in seconds. */
+ZIL_API float x05cpu(void);
+
 #ifdef __cplusplus
 }
 #endif

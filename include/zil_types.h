@@ -44,7 +44,7 @@ typedef struct ZilError {
   Integer argval;
 } ZilError;
 
-/* The record handed to the callbacks of the comm forms.  The library touches
+/* The record handed to the callbacks of the comm forms.  The solvers touch
    only the words up to and including gradient_print; p is the caller's. */
 typedef struct Zil_Comm {
   Integer flag;
@@ -57,6 +57,10 @@ typedef struct Zil_Comm {
   Boolean solution_print;
   Boolean gradient_print;
   Pointer p;
+  /* Chapter messages (x04print_msg): printed while msg_print is true, and
+     handed with their number and p to msg_fun when it is set. */
+  Boolean msg_print;
+  void (*msg_fun)(const char *text, Integer number, Pointer p);
 } Zil_Comm;
 
 #ifdef __cplusplus

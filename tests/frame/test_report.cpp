@@ -122,6 +122,15 @@ TEST(P01acc, BoxKindIsReadFromTheTextNotTheCode) {
   EXPECT_EQ(reported_stderr([] { p01acc("abc", 11, "r", nullptr); }).rfind("ZIL_RUNTIME_WARNING\n", 0), 0u);
 }
 
+TEST(P01acc, CodeOutsideTheTableGivesAnEmptyText) {
+  ZilError e = fresh_record();
+  p01acc(nullptr, 9999, "r", &e);
+  EXPECT_EQ(e.code, 9999);
+  EXPECT_STREQ(e.message, "");
+  p01acc(nullptr, -1, "r", &e);
+  EXPECT_STREQ(e.message, "");
+}
+
 TEST(P01acc, OverlongTextNeverOverrunsTheRecord) {
   std::string longtext = "ZE_INTERNAL_ERROR:\n  " + std::string(2000, 'x');
   ZilError e = fresh_record(true);
@@ -198,6 +207,12 @@ TEST(Reporter, IntegerChecksMakeTheTableMessages) {
   EXPECT_STREQ(e.message,
                "ZE_2_INT_ARG_LT:\n  On entry, tda =  2 while n =  3.\n  These parameters must satisfy tda >= n.");
 
+  EXPECT_TRUE(rep.require(false, ZE_INT, "pda", -1L, "pda >= MAX(1,n)"));
+  EXPECT_STREQ(e.message, "ZE_INT:\n  On entry, pda = -1.\n  Constraint: pda >= MAX(1,n).");
+
+  // A bound made with its own small format travels as its text.
+  rep.raise(ZE_REAL_ARG_GT, "x", zil::Num(170.0, "%6.1g"), "x", 171.5);
+  EXPECT_STREQ(e.message, "ZE_REAL_ARG_GT:\n  On entry, x must not be greater than  2e+02: x = 171.5.");
   EXPECT_TRUE(rep.require(false, ZE_INT, "pda", -1L, "pda >= MAX(1,n)"));
   EXPECT_STREQ(e.message, "ZE_INT:\n  On entry, pda = -1.\n  Constraint: pda >= MAX(1,n).");
 }

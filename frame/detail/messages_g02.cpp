@@ -1,0 +1,14 @@
+// Chapter g02 (correlation and regression): its printed messages, addressed by number.  The
+// chapter adds its rows behind the dummy row 0.
+#include "frame/detail/messages.hpp"
+
+namespace zil::messages {
+namespace {
+constexpr const char* kRows[] = {
+    ": Dummy message for Chapter g02\n",
+};
+}  // namespace
+
+constinit const std::span<const char* const> g02{kRows};
+
+}  // namespace zil::messages

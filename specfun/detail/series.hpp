@@ -1,0 +1,94 @@
+// Building blocks shared by the special functions: nested multiplication of
+// the generated tables, the Clenshaw recurrence, exact products and the
+// machine constants.
+#pragma once
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+
+#include "frame/env.hpp"
+
+namespace zil::sf {
+
+// The constants of the arithmetic, in their inner-layer forms.
+inline constexpr double kEps = x02ajf();
+inline constexpr double kTiny = x02akf();
+inline constexpr double kHuge = x02alf();
+
+inline constexpr double kPi = 3.141592653589793238;
+inline constexpr double kHalfPi = 1.570796326794896619;
+inline constexpr double kLn2 = 0.6931471805599453094;
+inline constexpr double kLnSqrt2Pi = 0.9189385332046727418;
+inline constexpr double kTwoOverSqrtPi = 1.128379167095512574;
+inline constexpr double kOneOverSqrtPi = 0.5641895835477562869;
+
+// A table's polynomial at s, highest power first.
+template <std::size_t N>
+constexpr double poly(const std::array<double, N>& c, double s) {
+  double p = c[0];
+  for (std::size_t k = 1; k < N; ++k) p = p * s + c[k];
+  return p;
+}
+
+// A generated table kept about its centre (see coefficients.hpp), at t.
+template <std::size_t N>
+constexpr double series(const std::array<double, N>& c, double centre, double t) {
+  return poly(c, t - centre);
+}
+
+// sum' c(k) T_k(t/2), by b(k) = t b(k+1) - b(k+2) + c(k) and (b(0) - b(2))/2.
+template <std::size_t N>
+constexpr double clenshaw(const std::array<double, N>& c, double t) {
+  double b0 = 0.0, b1 = 0.0, b2 = 0.0;
+  for (std::size_t k = N; k-- > 0;) {
+    b2 = b1;
+    b1 = b0;
+    b0 = t * b1 - b2 + c[k];
+  }
+  return (b0 - b2) * 0.5;
+}
+
+// Value plus a correction: a number carried to twice the working precision.
+struct Twofold {
+  double hi;
+  double lo;
+};
+
+// a*b exactly, by Dekker's splitting (no fused multiply-add is assumed);
+// valid while neither factor is near the overflow limit.
+inline Twofold two_prod(double a, double b) {
+  constexpr double split = 134217729.0;  // 2^27 + 1
+  const double p = a * b;
+  const double ca = split * a, cb = split * b;
+  const double ah = ca - (ca - a), al = a - ah;
+  const double bh = cb - (cb - b), bl = b - bh;
+  return {p, ((ah * bh - p) + ah * bl + al * bh) + al * bl};
+}
+
+// exp(-x*x) without the loss that rounding x*x would bring for large x.
+inline double exp_minus_square(double x) {
+  const Twofold sq = two_prod(x, x);
+  return std::exp(-sq.hi) * (1.0 - sq.lo);
+}
+
+// A running product kept to twice the working precision, so that the long
+// recurrences of the gamma function lose no more than one rounding.
+class Product {
+ public:
+  // The rounding error comes from a fused multiply-add, which unlike the
+  // splitting stays exact up to the overflow limit (Gamma(170) ~ 4e304).
+  void times(double f) {
+    const double p = hi_ * f;
+    const double lo = std::fma(hi_, f, -p) + lo_ * f;
+    hi_ = p + lo;
+    lo_ = lo - (hi_ - p);
+  }
+  double value() const { return hi_ + lo_; }
+
+ private:
+  double hi_ = 1.0;
+  double lo_ = 0.0;
+};
+
+}  // namespace zil::sf
