@@ -62,6 +62,10 @@ ZIL_API double f06bmc(double scale, double sumsq);
 /* sqrt(a^2 + b^2) without overflow. */
 ZIL_API double f06bnc(double a, double b);
 
+/* The inner layer's report of an illegal argument at position (from 1) of
+   the routine srname, always noisy, never ending the process. */
+ZIL_API void f06aaf_f(const char *srname, Integer position);
+
 /* ---- Vector fronts with a failure record -------------------------------- */
 
 ZIL_API void f16dbc(Integer n, Integer alpha, Integer x[], Integer incx, ZilError *fail);

@@ -160,3 +160,20 @@ TEST(OlderForms, ComputeWithTheirConventions) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(InnerReport, IllegalArgumentLine) {
+  testing::internal::CaptureStderr();
+  f06aaf_f("DGEMV", 3);
+  std::string out = testing::internal::GetCapturedStderr();
+  EXPECT_NE(out.find(" ** On entry to         DGEMV parameter number  3 had an illegal value"), std::string::npos) << out;
+  EXPECT_NE(out.find("INFO =     -3"), std::string::npos) << out;
+  testing::internal::CaptureStderr();
+  f06aaf_f("F06PAF", 2);
+  out = testing::internal::GetCapturedStderr();
+  EXPECT_NE(out.find("F06PAF parameter number  2"), std::string::npos) << out;
+  EXPECT_EQ(out.find("INFO"), std::string::npos) << out;
+}
+
+}  // namespace
