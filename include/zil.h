@@ -14,5 +14,6 @@
 #include "zil_quad.h"
 #include "zil_stats.h"
 #include "zil_random.h"
+#include "zil_linalg.h"
 
 #endif /* ZIL_H */
