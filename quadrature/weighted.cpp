@@ -229,17 +229,6 @@ void wt_trig(const char* name, F f, double a, double b, double omega, Integer wt
 
 // ---- Fourier integral over (a, infinity) (QAWF) ---------------------------
 
-const char* ordinal_suffix(Integer n) {
-  const Integer r100 = n % 100;
-  if (r100 >= 11 && r100 <= 13) return "th";
-  switch (n % 10) {
-    case 1: return "st";
-    case 2: return "nd";
-    case 3: return "rd";
-    default: return "th";
-  }
-}
-
 // The failure of one cycle, reported at once; a later report replaces it.
 void report_cycle(Reporter& rep, int ier, Integer k, Integer limit, double c1, double c2) {
   const char* sfx = ordinal_suffix(k);

@@ -133,4 +133,7 @@ struct EndText {
 };
 void report_end(Reporter& rep, const Outcome& o, const EndText& t);
 
+// The suffix of an ordinal number: "st", "nd", "rd" or "th".
+const char* ordinal_suffix(Integer n);
+
 }  // namespace zil::quad
