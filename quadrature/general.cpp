@@ -33,18 +33,6 @@ Outcome qag(F& f, const Lists& L, double a, double b, double epsabs, double epsr
   return run_single<Variant::Plain>(fam, K, L, a, b, epsabs, epsrel, 50.0 * kKey, m);
 }
 
-// dinf and the folded flag of an infinite range; an unfolded range starts at
-// bound, a folded one at 0.
-template <class F>
-Outcome qagi(F& f, const Lists& L, double bound, int inf, double epsabs, double epsrel,
-             const Machine& m) {
-  const double dinf = inf == -1 ? -1.0 : 1.0;
-  const bool both = inf == 2;
-  const double b0 = both ? 0.0 : bound;
-  Bisect fam{[&](double p, double q) { return gk15_inf(f, b0, dinf, both, p, q, m); }};
-  return run_single<Variant::General>(fam, LoopConstants{}, L, 0.0, 1.0, epsabs, epsrel, 100.0, m);
-}
-
 struct Tol {
   double abs, rel;
 };

@@ -41,6 +41,18 @@ void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {
   qp->subint_error = err_.release();
 }
 
+// English ordinals: 1st, 2nd, 3rd, 4th ..., 11th, 12th, 13th, 21st.
+const char* ordinal_suffix(Integer n) {
+  const Integer r100 = n % 100;
+  if (r100 >= 11 && r100 <= 13) return "th";
+  switch (n % 10) {
+    case 1: return "st";
+    case 2: return "nd";
+    case 3: return "rd";
+    default: return "th";
+  }
+}
+
 void report_end(Reporter& rep, const Outcome& o, const EndText& t) {
   switch (o.ier) {
     case 0:

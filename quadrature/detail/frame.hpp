@@ -48,13 +48,35 @@ class ResultLists {
 // Sorts the first n entries of the four arrays by the left end.
 void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n);
 
+// The published round-off counters skip a bisection where either half's error
+// equals its resasc: the rule saw nothing to judge by there.
+inline bool distinct(const Est& r1, const Est& r2) {
+  return r1.resasc != r1.abserr && r2.resasc != r2.abserr;
+}
+
+// An integrand that counts its evaluations, for the rules whose point count
+// varies from interval to interval.
+template <class F>
+struct Counted {
+  F f;
+  Integer n = 0;
+  double operator()(double x) {
+    ++n;
+    return f(x);
+  }
+};
+template <class F>
+Counted(F) -> Counted<F>;
+
 // A rule family over a plain callable rule on [a, b] with midpoint bisection.
 template <class R>
 struct Bisect {
   R rule_fn;
   Est rule(double a, double b, int, bool) { return rule_fn(a, b); }
   static double split(double a, double b) { return 0.5 * (a + b); }
-  static bool watch_roundoff(double, double) { return true; }
+  static bool watch_roundoff(double, double, const Est& r1, const Est& r2) {
+    return distinct(r1, r2);
+  }
 };
 template <class R>
 Bisect(R) -> Bisect<R>;
@@ -88,6 +110,18 @@ Outcome run_single(Fam& fam, const LoopConstants& K, const Lists& L, double a, d
   return adapt<V>(fam, K, L, s, epsabs, epsrel, m);
 }
 
+// dinf and the folded flag of an infinite range; an unfolded range starts at
+// bound, a folded one at 0.
+template <class F>
+Outcome qagi(F& f, const Lists& L, double bound, int inf, double epsabs, double epsrel,
+             const Machine& m) {
+  const double dinf = inf == -1 ? -1.0 : 1.0;
+  const bool both = inf == 2;
+  const double b0 = both ? 0.0 : bound;
+  Bisect fam{[&](double p, double q) { return gk15_inf(f, b0, dinf, both, p, q, m); }};
+  return run_single<Variant::General>(fam, LoopConstants{}, L, 0.0, 1.0, epsabs, epsrel, 100.0, m);
+}
+
 // Reports the end of a run: ier as the core leaves it (1 limit, 2 round-off,
 // 3 bad integrand, 4 round-off in extrapolation, 5 divergence, 6 break points).
 struct EndText {
@@ -98,5 +132,8 @@ struct EndText {
   double a = 0.0, b = 0.0;   // for the break-point failure
 };
 void report_end(Reporter& rep, const Outcome& o, const EndText& t);
+
+// The suffix of an ordinal number: "st", "nd", "rd" or "th".
+const char* ordinal_suffix(Integer n);
 
 }  // namespace zil::quad

@@ -72,7 +72,7 @@ Outcome adapt(Fam& fam, const LoopConstants& K, const Lists& L, const Start& s, 
     const double erro12 = r1.abserr + r2.abserr;
     errsum += erro12 - errmax;
     area += area12 - L.r(maxerr);
-    if (r1.resasc != r1.abserr && r2.resasc != r2.abserr && fam.watch_roundoff(a1, b2)) {
+    if (fam.watch_roundoff(a1, b2, r1, r2)) {
       const bool stalled = std::fabs(L.r(maxerr) - area12) <= 1.0e-5 * std::fabs(area12) &&
                            erro12 >= 0.99 * errmax;
       const bool growing = last > 10 && erro12 > errmax;
