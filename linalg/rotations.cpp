@@ -1,4 +1,6 @@
 // Sequences of plane rotations: generation and application.
+#include <algorithm>
+
 #include "linalg/detail/kernels.hpp"
 #include "linalg/detail/strided.hpp"
 #include "zil_linalg.h"
@@ -116,6 +118,45 @@ void shift_column(Integer n, Integer k1, Integer k2, double c[], double s[], dou
     elem(a, pda, j + 1, j) = 0.0;
     for (Integer col = j + 1; col <= n; ++col)
       rotate(elem(a, pda, j, col), elem(a, pda, j + 1, col), c[j - 1], s[j - 1]);
+  }
+}
+
+void reduce_column_spike(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda) {
+  if (k1 < 1 || k2 <= k1 || k2 > n) return;
+  // From the bottom of the spike up, so that each rotation of columns k1
+  // and j+1 meets only rows that column j+1 already fills.
+  for (Integer j = k2 - 1; j >= k1; --j) {
+    double spike = s[j - 1];  // row j+1 of column k1
+    rotation_generate(elem(a, pda, j + 1, j + 1), spike, c[j - 1], s[j - 1]);
+    double cj = c[j - 1], sj = s[j - 1];
+    // Rows above: column k1's own triangle, then the spike still waiting.
+    for (Integer row = 1; row <= j; ++row) {
+      double& p = row <= k1 ? elem(a, pda, row, k1) : s[row - 2];
+      rotate(elem(a, pda, row, j + 1), p, cj, sj);
+    }
+  }
+}
+
+void shift_row(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda) {
+  if (k1 < 1 || k2 <= k1 || k2 > n) return;
+  // The cyclic permutation, column by column over the upper triangle and
+  // the sub-diagonal: row k2 goes first, rows k1 .. k2-1 one place down.
+  for (Integer col = k1; col <= n; ++col) {
+    double t = col >= k2 ? elem(a, pda, k2, col) : 0.0;
+    for (Integer i = std::min(col + 1, k2); i > k1; --i) elem(a, pda, i, col) = elem(a, pda, i - 1, col);
+    elem(a, pda, k1, col) = t;
+  }
+  // Rows k1 .. k2 are now upper Hessenberg: one column rotation per
+  // sub-diagonal element, from the bottom.  The generator annihilates its
+  // second argument, here the diagonal's left neighbour, so the sine is
+  // stored negated to fit the applier's (j, j+1) convention.
+  for (Integer j = k2 - 1; j >= k1; --j) {
+    double& sub = elem(a, pda, j + 1, j);
+    rotation_generate(elem(a, pda, j + 1, j + 1), sub, c[j - 1], s[j - 1]);
+    sub = 0.0;
+    s[j - 1] = -s[j - 1];
+    for (Integer row = 1; row <= j; ++row)
+      rotate(elem(a, pda, row, j), elem(a, pda, row, j + 1), c[j - 1], s[j - 1]);
   }
 }
 

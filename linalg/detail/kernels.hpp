@@ -59,6 +59,19 @@ void reduce_row_spike(Integer n, Integer k1, Integer k2, double c[], double s[],
 // in the planes (j, j+1), j = k1 .. k2-1, and the sub-diagonal positions
 // are left zero.
 void shift_column(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda);
+// reduce_column_spike: column k1 has a spike below the diagonal in rows
+// k1+1 .. k2, the element of row i held in s[i-2] (the strict lower
+// triangle of a is never touched).  Rotations from the right in the planes
+// (k1, j+1), j = k2-1 down to k1, take it out (rotation j removes row j+1's
+// element) and leave a upper triangular: the TopPivot, BackwardSequence
+// form of rotation_sequence_apply with RightSide.
+void reduce_column_spike(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda);
+// shift_row: moves row k2 to position k1, shifting rows k1 .. k2-1 one
+// place down; the sub-diagonal this leaves in columns k1 .. k2-1 is removed
+// by rotations from the right in the planes (j, j+1), j = k2-1 down to k1
+// (the VariablePivot, BackwardSequence form with RightSide), and the
+// sub-diagonal positions are left zero.
+void shift_row(Integer n, Integer k1, Integer k2, double c[], double s[], double a[], Integer pda);
 
 // f06frc's contract with beta formed through f06bmc (the Kalman routines).
 void householder_kalman(Integer n, double& alpha, double x[], Integer incx, double tol,

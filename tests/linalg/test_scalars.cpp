@@ -1,6 +1,8 @@
 // The safeguarded scalars, rotations, reflections and small helpers.
 #include <cfloat>
+#include <cmath>
 #include <limits>
+#include <utility>
 
 #include "linalg/detail/kernels.hpp"
 #include "linalg/support.hpp"
@@ -237,11 +239,14 @@ namespace {
 // Column-major n by n helpers for the triangular updaters.
 using Mat = std::vector<double>;
 double& el(Mat& a, int n, int i, int j) { return a[std::size_t(j) * n + i]; }  // from 0
-Mat gram(Mat a, int n) {  // a^T a
+// a^T a, which rotations from the left keep, or with rows set a a^T,
+// which rotations from the right keep.
+Mat gram(Mat a, int n, bool rows = false) {
   Mat g(std::size_t(n) * n, 0.0);
   for (int i = 0; i < n; ++i)
     for (int j = 0; j < n; ++j)
-      for (int k = 0; k < n; ++k) el(g, n, i, j) += el(a, n, k, i) * el(a, n, k, j);
+      for (int k = 0; k < n; ++k)
+        el(g, n, i, j) += rows ? el(a, n, i, k) * el(a, n, j, k) : el(a, n, k, i) * el(a, n, k, j);
   return g;
 }
 Mat upper_random(int n) {
@@ -293,6 +298,96 @@ TEST(TriangularUpdaters, ColumnShiftIsAPermutedFactor) {
   la::rotation_sequence_apply(LeftSide, VariablePivot, ForwardSequence, n, n, k1, k2, c.data(), s.data(), perm.data(), n);
   for (int j = 0; j < n; ++j)
     for (int i = 0; i < n; ++i) EXPECT_NEAR(el(perm, n, i, j), el(a, n, i, j), 64 * kEps);
+}
+
+// An upper triangle whose strict lower part is NaN, so that any read of it
+// shows in the result.
+Mat upper_random_nan_below(int n) {
+  Mat a = upper_random(n);
+  for (int j = 0; j < n; ++j)
+    for (int i = j + 1; i < n; ++i) el(a, n, i, j) = std::numeric_limits<double>::quiet_NaN();
+  return a;
+}
+void expect_same_upper(Mat x, Mat a, int n, double tol) {
+  for (int j = 0; j < n; ++j)
+    for (int i = 0; i < n; ++i)
+      EXPECT_NEAR(el(x, n, i, j), i <= j ? el(a, n, i, j) : 0.0, tol) << i << "," << j;
+}
+Mat upper_part(Mat a, int n) {
+  for (int j = 0; j < n; ++j)
+    for (int i = j + 1; i < n; ++i) el(a, n, i, j) = 0.0;
+  return a;
+}
+
+TEST(TriangularUpdaters, ColumnSpikeKeepsTheRowGramMatrix) {
+  const int n = 7;
+  for (auto [k1, k2] : {std::pair{2, 6}, std::pair{1, 7}, std::pair{3, 4}}) {
+    Mat a = upper_random_nan_below(n);
+    std::vector<double> c(n, 9.0), s(n, 9.0);
+    Mat full = upper_part(a, n);
+    for (int i = k1 + 1; i <= k2; ++i) {
+      s[i - 2] = uniform() - 0.5;
+      el(full, n, i - 1, k1 - 1) = s[i - 2];  // the spike in column k1
+    }
+    Mat g0 = gram(full, n, true);
+    la::reduce_column_spike(n, k1, k2, c.data(), s.data(), a.data(), n);
+    for (int j = 0; j < n; ++j)
+      for (int i = j + 1; i < n; ++i) EXPECT_TRUE(std::isnan(el(a, n, i, j)));  // never touched
+    Mat r = upper_part(a, n);
+    Mat g1 = gram(r, n, true);
+    for (std::size_t i = 0; i < g0.size(); ++i) EXPECT_NEAR(g1[i], g0[i], 64 * kEps);
+    for (int j = k1; j < k2; ++j) EXPECT_NEAR(c[j - 1] * c[j - 1] + s[j - 1] * s[j - 1], 1.0, 4 * kEps);
+    EXPECT_EQ(s[k2 - 1], 9.0);  // beyond the sequence
+    // The rotations replay on the spiked matrix: the column-k1 pivot form,
+    // from the bottom.
+    la::rotation_sequence_apply(RightSide, TopPivot, BackwardSequence, n, n, k1, k2, c.data(), s.data(),
+                                full.data(), n);
+    expect_same_upper(full, r, n, 64 * kEps);
+  }
+}
+
+TEST(TriangularUpdaters, RowShiftIsAPermutedFactor) {
+  const int n = 7;
+  for (auto [k1, k2] : {std::pair{2, 5}, std::pair{1, 7}, std::pair{6, 7}}) {
+    Mat a = upper_random_nan_below(n);
+    // P R: row k2 moved to k1, rows k1 .. k2-1 one place down.
+    Mat r0 = upper_part(a, n), perm = r0;
+    for (int j = 0; j < n; ++j) {
+      el(perm, n, k1 - 1, j) = el(r0, n, k2 - 1, j);
+      for (int i = k1 + 1; i <= k2; ++i) el(perm, n, i - 1, j) = el(r0, n, i - 2, j);
+    }
+    Mat g0 = gram(perm, n, true);
+    std::vector<double> c(n, 9.0), s(n, 9.0);
+    la::shift_row(n, k1, k2, c.data(), s.data(), a.data(), n);
+    // The sub-diagonal positions used on the way are left zero, the rest of
+    // the strict lower triangle untouched.
+    for (int j = 0; j < n; ++j)
+      for (int i = j + 1; i < n; ++i) {
+        if (i == j + 1 && j + 1 >= k1 && j + 1 < k2)
+          EXPECT_EQ(el(a, n, i, j), 0.0) << i << "," << j;
+        else
+          EXPECT_TRUE(std::isnan(el(a, n, i, j))) << i << "," << j;
+      }
+    Mat r = upper_part(a, n);
+    Mat g1 = gram(r, n, true);
+    for (std::size_t i = 0; i < g0.size(); ++i) EXPECT_NEAR(g1[i], g0[i], 64 * kEps);
+    for (int j = k1; j < k2; ++j) EXPECT_NEAR(c[j - 1] * c[j - 1] + s[j - 1] * s[j - 1], 1.0, 4 * kEps);
+    // Replaying the rotations on P R gives the new factor.
+    la::rotation_sequence_apply(RightSide, VariablePivot, BackwardSequence, n, n, k1, k2, c.data(), s.data(),
+                                perm.data(), n);
+    expect_same_upper(perm, r, n, 64 * kEps);
+  }
+}
+
+TEST(TriangularUpdaters, EmptyRangesDoNothing) {
+  Mat a = upper_random(3), b = a;
+  std::vector<double> c(3, 9.0), s(3, 9.0);
+  for (auto [k1, k2] : {std::pair{0, 2}, std::pair{2, 2}, std::pair{2, 4}}) {
+    la::reduce_column_spike(3, k1, k2, c.data(), s.data(), a.data(), 3);
+    la::shift_row(3, k1, k2, c.data(), s.data(), a.data(), 3);
+  }
+  EXPECT_EQ(a, b);
+  EXPECT_EQ(c, std::vector<double>(3, 9.0));
 }
 
 }  // namespace
