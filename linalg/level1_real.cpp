@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 #include "frame/export.hpp"
 #include "linalg/detail/consts.hpp"
@@ -66,11 +67,20 @@ extern "C" void f06fjc(Integer n, const double x[], Integer incx, double* scale,
   // One pass for the largest modulus, then the sum of squares of the
   // elements scaled by its reciprocal: the same result as updating scale
   // element by element, without a division per element.
+  // The maximum passes over a NaN, so it is looked for on the way: the
+  // element-by-element update would have carried it into sumsq, and a
+  // vector of NaNs and zeros must not come out as a zero vector.
   double amax = 0.0;
-  walk1(n, x, incx, [&amax](double v) {
+  bool nan = false;
+  walk1(n, x, incx, [&amax, &nan](double v) {
     double a = std::fabs(v);
     amax = a > amax ? a : amax;
+    nan = nan || a != a;
   });
+  if (nan) {
+    *sumsq = std::numeric_limits<double>::quiet_NaN();
+    return;
+  }
   if (amax == 0.0) return;
   double sc = *scale, ss = *sumsq;
   if (amax > sc) {

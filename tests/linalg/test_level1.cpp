@@ -1,4 +1,5 @@
 // Level-1 vector routines against plain reference loops.
+#include <algorithm>
 #include <cfloat>
 #include <limits>
 
@@ -150,6 +151,15 @@ TEST(Level1, NormAgainstLongDoubleAndAtTheLimits) {
   EXPECT_EQ(f06ejc(1, one, 1), 2.5);
   double nan[3] = {1.0, std::numeric_limits<double>::quiet_NaN(), 2.0};
   EXPECT_TRUE(std::isnan(f06ejc(3, nan, 1)));
+  // A NaN among zeros only, where the largest modulus alone would be 0.
+  for (int inc : {1, 2}) {
+    const double q = std::numeric_limits<double>::quiet_NaN();
+    double nz[6] = {0.0, 0.0, q, q, 0.0, 0.0};
+    EXPECT_TRUE(std::isnan(f06ejc(6 / inc, nz, inc))) << inc;
+  }
+  double all_nan[9];
+  std::fill(all_nan, all_nan + 9, std::numeric_limits<double>::quiet_NaN());
+  EXPECT_TRUE(std::isnan(f06ejc(9, all_nan, 1)));
 }
 
 TEST(Level1, ScaledSumOfSquaresUpdatesItsPair) {
