@@ -7,9 +7,9 @@
 #include "frame/export.hpp"
 #include "frame/report.hpp"
 #include "frame/workspace.hpp"
-#include "zeros/detail/kernels.hpp"
 #include "zil_env.h"
 #include "zil_errors.h"
+#include "zil_linalg.h"
 #include "zil_zeros.h"
 
 namespace zil::zeros {
@@ -49,7 +49,7 @@ void check_jacobian(const char* routine, Integer n, double* x, double* fvec, dou
   if (!evaluate(x, fvec, fjac, tdfjac)) return;
 
   const double h = std::sqrt(x02ajc());
-  const double f0 = dot(n, fvec, 1, fvec, 1);
+  const double f0 = f06eac(n, fvec, 1, fvec, 1);
 
   // Two directions that no simple structure of f can favour, z made
   // orthogonal to y.
@@ -75,7 +75,7 @@ void check_jacobian(const char* routine, Integer n, double* x, double* fvec, dou
   // Exact directional derivatives from the gradient 2 J' f.
   double sz = 0.0, sy = 0.0;
   for (Integer j = 0; j < n; ++j) {
-    const double g = 2.0 * dot(n, fjac + j, tdfjac, fvec, 1);
+    const double g = 2.0 * f06eac(n, fjac + j, tdfjac, fvec, 1);
     sz += z[j] * g;
     sy += y[j] * g;
   }
@@ -83,7 +83,7 @@ void check_jacobian(const char* routine, Integer n, double* x, double* fvec, dou
   const auto difference = [&](const double* dir, double& d) {
     for (Integer i = 0; i < n; ++i) xp[i] = x[i] + h * dir[i];
     if (!evaluate(xp, fp, jac, n)) return false;
-    d = (dot(n, fp, 1, fp, 1) - f0) / h;
+    d = (f06eac(n, fp, 1, fp, 1) - f0) / h;
     return true;
   };
   double dz = 0.0, dy = 0.0;

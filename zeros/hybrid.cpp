@@ -11,12 +11,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "linalg/detail/kernels.hpp"
 #include "zeros/detail/hybrid.hpp"
-#include "zeros/detail/kernels.hpp"
+#include "zil_enums.h"
 #include "zil_env.h"
+#include "zil_linalg.h"
 
 namespace zil::zeros {
 namespace {
+
+using linalg::rotation_generate;
 
 // Start of row i of an upper triangle of order n packed by rows.
 inline std::size_t row_start(Integer i, Integer n) {
@@ -64,15 +68,15 @@ void difference_jacobian(System& sys, Integer n, double* x, const double* fvec, 
 // Householder QR without pivoting: R's diagonal in rdiag, the column norms
 // of the matrix in acnorm, the reflectors below and on the diagonal of a.
 void qr_factor(Integer n, const Matrix& a, double* rdiag, double* acnorm) {
-  for (Integer j = 0; j < n; ++j) acnorm[j] = norm2(n, &a(0, j), a.rs);
+  for (Integer j = 0; j < n; ++j) acnorm[j] = f06ejc(n, &a(0, j), a.rs);
   for (Integer j = 0; j < n; ++j) {
-    double ajnorm = norm2(n - j, &a(j, j), a.rs);
+    double ajnorm = f06ejc(n - j, &a(j, j), a.rs);
     if (ajnorm != 0.0) {
       if (a(j, j) < 0.0) ajnorm = -ajnorm;
       for (Integer i = j; i < n; ++i) a(i, j) /= ajnorm;
       a(j, j) += 1.0;
       for (Integer k = j + 1; k < n; ++k) {
-        const double t = dot(n - j, &a(j, j), a.rs, &a(j, k), a.rs) / a(j, j);
+        const double t = f06eac(n - j, &a(j, j), a.rs, &a(j, k), a.rs) / a(j, j);
         for (Integer i = j; i < n; ++i) a(i, k) -= t * a(i, j);
       }
     }
@@ -85,7 +89,7 @@ void apply_qt(Integer n, const Matrix& a, const double* fvec, double* qtf) {
   std::copy(fvec, fvec + n, qtf);
   for (Integer j = 0; j < n; ++j) {
     if (a(j, j) == 0.0) continue;
-    const double t = -dot(n - j, &a(j, j), a.rs, qtf + j, 1) / a(j, j);
+    const double t = -f06eac(n - j, &a(j, j), a.rs, qtf + j, 1) / a(j, j);
     for (Integer i = j; i < n; ++i) qtf[i] += a(i, j) * t;
   }
 }
@@ -102,7 +106,7 @@ void form_q(Integer n, const Matrix& a, double* wa) {
     a(k, k) = 1.0;
     if (wa[k] == 0.0) continue;
     for (Integer j = k; j < n; ++j) {
-      const double t = dot(n - k, &a(k, j), a.rs, wa + k, 1) / wa[k];
+      const double t = f06eac(n - k, &a(k, j), a.rs, wa + k, 1) / wa[k];
       for (Integer i = k; i < n; ++i) a(i, j) -= t * wa[i];
     }
   }
@@ -131,7 +135,7 @@ void dogleg(Integer n, const double* r, const double* diag, const double* qtb, d
     wa1[j] = 0.0;
     wa2[j] = diag[j] * x[j];
   }
-  const double qnorm = norm2(n, wa2);
+  const double qnorm = f06ejc(n, wa2, 1);
   if (qnorm <= delta) return;
 
   // The scaled gradient R' qtb / diag.
@@ -141,7 +145,7 @@ void dogleg(Integer n, const double* r, const double* diag, const double* qtb, d
     for (Integer i = j; i < n; ++i) wa1[i] += r[l++] * t;
     wa1[j] /= diag[j];
   }
-  const double gnorm = norm2(n, wa1);
+  const double gnorm = f06ejc(n, wa1, 1);
   double sgnorm = 0.0;
   double alpha = delta / qnorm;
   if (gnorm != 0.0) {
@@ -153,13 +157,13 @@ void dogleg(Integer n, const double* r, const double* diag, const double* qtb, d
       for (Integer i = j; i < n; ++i) sum += r[l++] * wa1[i];
       wa2[j] = sum;
     }
-    const double t = norm2(n, wa2);
+    const double t = f06ejc(n, wa2, 1);
     sgnorm = (gnorm / t) / t;
     alpha = 0.0;
     if (sgnorm < delta) {
       // Where the segment from the Cauchy point to the Gauss-Newton point
       // crosses the boundary, written to avoid cancellation.
-      const double bnorm = norm2(n, qtb);
+      const double bnorm = f06ejc(n, qtb, 1);
       const double dq = delta / qnorm;
       const double sd = sgnorm / delta;
       double u = (bnorm / gnorm) * (bnorm / qnorm) * sd;
@@ -172,63 +176,56 @@ void dogleg(Integer n, const double* r, const double* diag, const double* qtb, d
 }
 
 // Given the lower triangle S (R' packed by rows of R), finds rotations with
-// (S + u v') Q lower triangular again, and overwrites S by it.  The
-// rotations are left as tau values: the first set in v, the second in w.
-// A zero on the new diagonal needs no action here: the dogleg guards its
-// back substitution.
+// (S + u v') Q lower triangular again, and overwrites S by it.  Each row of
+// the packed triangle is contiguous, so every rotation is one f06epc call.
+// The rotations are left as their tangents, which rotation_generate stores
+// in place of the element it annihilates: the first set in v, the second
+// in w.  A zero on the new diagonal needs no action here: the dogleg guards
+// its back substitution.
 void rank1_update(Integer n, double* s, const double* u, double* v, double* w) {
   const std::size_t last = row_start(n - 1, n);
   w[n - 1] = s[last];
-  // Rotate v into a multiple of e_n, which makes a spike in w.
+  double c = 1.0, sn = 0.0;
+  // Rotate v into a multiple of e_n, which makes a spike in w: the plane
+  // (n, j) with the spike in the role of the pivot row.
   for (Integer j = n - 2; j >= 0; --j) {
     w[j] = 0.0;
     if (v[j] == 0.0) continue;
-    const Rotation g = rotation_generate(v[n - 1], v[j]);
-    v[n - 1] = g.s * v[j] + g.c * v[n - 1];
-    v[j] = g.tau;
-    std::size_t l = row_start(j, n);
-    for (Integer i = j; i < n; ++i, ++l) {
-      const double t = g.c * s[l] - g.s * w[i];
-      w[i] = g.s * s[l] + g.c * w[i];
-      s[l] = t;
-    }
+    rotation_generate(v[n - 1], v[j], c, sn);
+    f06epc(n - j, w + j, 1, s + row_start(j, n), 1, c, sn);
   }
   for (Integer i = 0; i < n; ++i) w[i] += v[n - 1] * u[i];
-  // Eliminate the spike.
+  // Eliminate the spike against the diagonal, row by row.
   for (Integer j = 0; j < n - 1; ++j) {
+    if (w[j] == 0.0) continue;
     const std::size_t jj = row_start(j, n);
-    if (w[j] != 0.0) {
-      const Rotation g = rotation_generate(s[jj], w[j]);
-      std::size_t l = jj;
-      for (Integer i = j; i < n; ++i, ++l) {
-        const double t = g.c * s[l] + g.s * w[i];
-        w[i] = -g.s * s[l] + g.c * w[i];
-        s[l] = t;
-      }
-      w[j] = g.tau;
-    }
+    rotation_generate(s[jj], w[j], c, sn);
+    f06epc(n - j - 1, s + jj + 1, 1, w + j + 1, 1, c, sn);
   }
   s[last] = w[n - 1];
 }
 
-// a := a Q, with Q the product of the rotations that rank1_update stored.
-void apply_rotations(Integer m, Integer n, const Matrix& a, const double* v, const double* w) {
-  for (Integer j = n - 2; j >= 0; --j) {
-    const Rotation g = rotation_from_tau(v[j]);
-    for (Integer i = 0; i < m; ++i) {
-      const double t = g.c * a(i, j) - g.s * a(i, n - 1);
-      a(i, n - 1) = g.s * a(i, j) + g.c * a(i, n - 1);
-      a(i, j) = t;
-    }
-  }
+// a := a Q, for the m by n matrix a, with Q the product of the rotations
+// whose tangents rank1_update stored in v and w; c and s (n - 1 each) take
+// the rebuilt rotations.  Every rotation is in a plane (j, n), so both sets
+// are bottom-pivot sequences.  The first was generated with the pivot in
+// the other role, which the applier expresses by the opposite sine.  A
+// row-major a is rotated by rows of its column-major transpose.
+void apply_rotations(Integer m, Integer n, const Matrix& a, const double* v, const double* w, double* c,
+                     double* s) {
+  const auto apply = [&](Integer direct) {
+    if (a.rs == 1)
+      linalg::rotation_sequence_apply(RightSide, BottomPivot, direct, m, n, 1, n, c, s, a.p, a.cs);
+    else
+      linalg::rotation_sequence_apply(LeftSide, BottomPivot, direct, n, m, 1, n, c, s, a.p, a.rs);
+  };
   for (Integer j = 0; j < n - 1; ++j) {
-    const Rotation g = rotation_from_tau(w[j]);
-    for (Integer i = 0; i < m; ++i) {
-      const double t = g.c * a(i, j) + g.s * a(i, n - 1);
-      a(i, n - 1) = -g.s * a(i, j) + g.c * a(i, n - 1);
-      a(i, j) = t;
-    }
+    f06bcc(v[j], c + j, s + j);
+    s[j] = -s[j];
   }
+  apply(BackwardSequence);
+  for (Integer j = 0; j < n - 1; ++j) f06bcc(w[j], c + j, s + j);
+  apply(ForwardSequence);
 }
 
 }  // namespace
@@ -262,7 +259,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
   double* const wa3 = w.w[2];
   double* const wa4 = w.w[3];
   const Matrix& fjac = w.fjac;
-  const Matrix qtf_row{qtf, 0, 1};
+  const Matrix qtf_row{qtf, static_cast<std::ptrdiff_t>(n), 1};
 
   Integer flag = 1;
   Integer info = 0;
@@ -281,7 +278,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
   sys.values(x, fvec, flag);
   res.nfev = 1;
   if (flag < 0) return finish(0);
-  double fnorm = norm2(n, fvec);
+  double fnorm = f06ejc(n, fvec, 1);
 
   const Integer msum = std::min(ctl.ml + ctl.mu + 1, n);
   Integer iter = 1, ncsuc = 0, ncfail = 0, nslow1 = 0, nslow2 = 0;
@@ -306,7 +303,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
       if (ctl.mode != 2)
         for (Integer j = 0; j < n; ++j) diag[j] = wa2[j] == 0.0 ? 1.0 : wa2[j];
       for (Integer j = 0; j < n; ++j) wa3[j] = diag[j] * x[j];
-      xnorm = norm2(n, wa3);
+      xnorm = f06ejc(n, wa3, 1);
       delta = ctl.factor * xnorm;
       if (delta == 0.0) delta = ctl.factor;
     }
@@ -334,7 +331,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
         wa2[j] = x[j] + wa1[j];
         wa3[j] = diag[j] * wa1[j];
       }
-      const double pnorm = norm2(n, wa3);
+      const double pnorm = f06ejc(n, wa3, 1);
       if (iter == 1) delta = std::min(delta, pnorm);
 
       flag = 1;
@@ -345,7 +342,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
         std::copy(wa4, wa4 + n, fvec);
         return finish(0);
       }
-      const double fnorm1 = norm2(n, wa4);
+      const double fnorm1 = f06ejc(n, wa4, 1);
 
       // Actual and predicted relative reductions of |f|^2.
       const double actred = fnorm1 < fnorm ? 1.0 - (fnorm1 / fnorm) * (fnorm1 / fnorm) : -1.0;
@@ -355,7 +352,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
         for (Integer j = i; j < n; ++j) sum += r[l++] * wa1[j];
         wa3[i] = qtf[i] + sum;
       }
-      const double lin = norm2(n, wa3);
+      const double lin = f06ejc(n, wa3, 1);
       const double prered = lin < fnorm ? 1.0 - (lin / fnorm) * (lin / fnorm) : 0.0;
       const double ratio = prered > 0.0 ? actred / prered : 0.0;
 
@@ -377,7 +374,7 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
           wa2[j] = diag[j] * x[j];
           fvec[j] = wa4[j];
         }
-        xnorm = norm2(n, wa2);
+        xnorm = f06ejc(n, wa2, 1);
         fnorm = fnorm1;
         ++iter;
       }
@@ -398,14 +395,15 @@ HybridResult hybrid(System& sys, Integer n, double* x, double* fvec, const Hybri
       // Broyden's update of the factors by the step just taken:
       // J+ = J + (f(x+p) - f(x) - J p) (D'D p)' / |D p|^2.
       for (Integer j = 0; j < n; ++j) {
-        const double sum = dot(n, &fjac(0, j), fjac.rs, wa4, 1);
+        const double sum = f06eac(n, &fjac(0, j), fjac.rs, wa4, 1);
         wa2[j] = (sum - wa3[j]) / pnorm;
         wa1[j] = diag[j] * ((diag[j] * wa1[j]) / pnorm);
         if (ratio >= p0001) qtf[j] = sum;
       }
       rank1_update(n, r, wa1, wa2, wa3);
-      apply_rotations(n, n, fjac, wa2, wa3);
-      apply_rotations(1, n, qtf_row, wa2, wa3);
+      // u and f(x + p) are spent: their arrays hold the rebuilt rotations.
+      apply_rotations(n, n, fjac, wa2, wa3, wa1, wa4);
+      apply_rotations(1, n, qtf_row, wa2, wa3, wa1, wa4);
       jeval = false;
     }
   }
