@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <utility>
 
 #include "transforms/detail/kernels.hpp"
@@ -298,9 +299,9 @@ void reorder_squares(long n, const Integer* digit, Swap&& swap) {
 // Division of a 32-bit index by a small fixed divisor through one 64-bit
 // reciprocal (Lemire, Kaser and Kurz, "Faster remainder by direct
 // computation", 2019): exact for every 32-bit numerator and every divisor
-// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.  The cycle-leader
-// walk below evaluates its index map several times per element, and a
-// hardware division per digit would dominate the whole transform.
+// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.
+// The cycle walk below evaluates its index map at least once per block, and
+// a hardware division per digit would dominate the whole transform.
 struct FastDivisor {
   std::uint32_t d = 1;
   std::uint64_t inverse = 0;
@@ -314,10 +315,22 @@ struct FastDivisor {
   }
 };
 
+// Block indices covered by one window of the square-free stage's marks: a
+// 4 KiB bitmap on the stack, which covers every block of the lengths up to
+// 2^15 blocks in a single window.
+inline constexpr std::uint32_t kWindow = 4096 * 8;
+
 // The square-free stage is no involution.  Block t of each segment must
-// receive block map(t), map being the inverse reversal; the cycle-leader
-// method follows map from t until it reaches an index not below t, which is
-// where the wanted block now lies.
+// receive block map(t), map being the inverse reversal, so each cycle
+// t -> map(t) -> ... is rotated by swaps along it from its least member,
+// its leader.  A bitmap marks the blocks of the current window already
+// placed, which are skipped at no cost.  An unmarked block of the first
+// window is a leader (every cycle with a smaller leader has been rotated
+// and marked); in a later window it may belong to a cycle rotated in an
+// earlier one, so its cycle is followed first until it returns (a leader),
+// falls below it or meets a mark (already placed).  That bounds the walk by
+// the classic cycle-leader method's, and makes it one evaluation of map per
+// block whenever the blocks fit one window.
 template <class Swap>
 void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
   int len = 0;
@@ -335,7 +348,8 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
     product *= static_cast<std::uint32_t>(sf[i]);
   }
   for (int i = 0; i < len; ++i) above[i] = product / (below[i].d * radix[i].d);
-  const long blocks = n / (kt * kt), stride = blocks * kt;
+  const std::uint32_t blocks = static_cast<std::uint32_t>(n / (kt * kt));
+  const long stride = blocks * kt;
   auto map = [&](std::uint32_t t) {
     std::uint32_t b = 0;
     for (int i = 0; i < len; ++i) {
@@ -344,12 +358,37 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
     }
     return b;
   };
-  for (std::uint32_t t = 1; t < blocks; ++t) {
-    std::uint32_t u = map(t);
-    while (u < t) u = map(u);
-    if (u == t) continue;
+  auto swap_blocks = [&](std::uint32_t a, std::uint32_t b) {
     for (long seg = 0; seg < n; seg += stride)
-      for (long e = 0; e < kt; ++e) swap(seg + t * kt + e, seg + u * kt + e);
+      for (long e = 0; e < kt; ++e) swap(seg + a * kt + e, seg + b * kt + e);
+  };
+
+  std::uint64_t mark[kWindow / 64];
+  for (std::uint32_t t0 = 0; t0 < blocks; t0 += kWindow) {
+    const std::uint32_t t1 = std::min(blocks, t0 + kWindow);
+    std::fill(std::begin(mark), std::end(mark), 0);
+    auto marked = [&](std::uint32_t u) {
+      return u >= t0 && u < t1 && (mark[(u - t0) / 64] >> ((u - t0) % 64) & 1);
+    };
+    auto set_mark = [&](std::uint32_t u) {
+      if (u >= t0 && u < t1) mark[(u - t0) / 64] |= std::uint64_t{1} << ((u - t0) % 64);
+    };
+    for (std::uint32_t t = t0; t < t1; ++t) {
+      if (marked(t)) continue;
+      if (t0 > 0) {
+        std::uint32_t u = map(t);
+        while (u > t && !marked(u)) {
+          set_mark(u);
+          u = map(u);
+        }
+        if (u != t) continue;
+      }
+      // Rotate: block j receives block map(j), all along the cycle.
+      for (std::uint32_t j = t, u = map(t); u != t; j = u, u = map(u)) {
+        swap_blocks(j, u);
+        set_mark(u);
+      }
+    }
   }
 }
 
