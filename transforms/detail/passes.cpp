@@ -336,27 +336,49 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
   int len = 0;
   while (sf[len] != 0) ++len;
   if (len == 0) return;
-  // Digit i of t (the first factor least significant) is (t / below_i)
-  // mod s_i; each digit is taken straight from t, so the digits of one
-  // evaluation do not wait on one another.  In map(t) it weighs above_i.
-  FastDivisor below[kListSize], radix[kListSize];
-  std::uint32_t above[kListSize];
-  std::uint32_t product = 1;
-  for (int i = 0; i < len; ++i) {
-    below[i].set(product);
-    radix[i].set(static_cast<std::uint32_t>(sf[i]));
-    product *= static_cast<std::uint32_t>(sf[i]);
+  // map(t) sums digit i of t (the first factor least significant) times
+  // above_i, the product of the factors after it.  The factors are cut into
+  // at most three runs, each with a product of at most kRun, and the part of
+  // map that each run's digits contribute is tabled for all its values:
+  // map(t) is then at most two divisions and three look-ups, and a single
+  // look-up up to kRun blocks.  That matters because the walk along a cycle
+  // is one chain of dependent evaluations, so its latency sets the pace.
+  // The singles are distinct primes up to 19, so greedy runs under 4096 need
+  // at most three parts and 3990 entries in all (2*3*5*7*19).
+  constexpr std::uint32_t kRun = 4096;
+  std::uint32_t table[kRun];
+  std::uint32_t* part[3] = {table, table, table};
+  FastDivisor run[3];  // the runs' products; unused runs have product 1
+  std::uint32_t above = 1;
+  for (int i = 0; i < len; ++i) above *= static_cast<std::uint32_t>(sf[i]);
+  std::uint32_t used = 0;
+  for (int i = 0, r = 0; i < len; ++r) {
+    std::uint32_t size = 1;
+    int j = i;
+    while (j < len && size * static_cast<std::uint32_t>(sf[j]) <= kRun)
+      size *= static_cast<std::uint32_t>(sf[j++]);
+    // Fill the run's table with a mixed-radix counter over its digits.
+    part[r] = table + used;
+    run[r].set(size);
+    std::uint32_t digit[kListSize] = {}, weight[kListSize], value = 0;
+    for (int q = i; q < j; ++q) weight[q] = (above /= static_cast<std::uint32_t>(sf[q]));
+    for (std::uint32_t v = 0; v < size; ++v) {
+      part[r][v] = value;
+      for (int q = i; q < j; ++q) {
+        value += weight[q];
+        if (++digit[q] < static_cast<std::uint32_t>(sf[q])) break;
+        value -= digit[q] * weight[q];
+        digit[q] = 0;
+      }
+    }
+    used += size;
+    i = j;
   }
-  for (int i = 0; i < len; ++i) above[i] = product / (below[i].d * radix[i].d);
   const std::uint32_t blocks = static_cast<std::uint32_t>(n / (kt * kt));
   const long stride = blocks * kt;
   auto map = [&](std::uint32_t t) {
-    std::uint32_t b = 0;
-    for (int i = 0; i < len; ++i) {
-      const std::uint32_t q = below[i].quotient(t);
-      b += (q - radix[i].quotient(q) * radix[i].d) * above[i];
-    }
-    return b;
+    const std::uint32_t t1 = run[0].quotient(t), t2 = run[1].quotient(t1);
+    return part[0][t - t1 * run[0].d] + part[1][t1 - t2 * run[1].d] + part[2][t2];
   };
   auto swap_blocks = [&](std::uint32_t a, std::uint32_t b) {
     for (long seg = 0; seg < n; seg += stride)
