@@ -271,8 +271,8 @@ void with_radix(Integer f, Fn&& fn) {
 // respect to the stage list, first pass most significant) are those of k
 // read backwards.  Both stages move element p to rev(p).
 
-template <class Swap>
-void reorder_squares(long n, const Integer* digit, Swap&& swap) {
+template <class Data>
+void reorder_squares(long n, const Integer* digit, Data& data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
@@ -285,7 +285,7 @@ void reorder_squares(long n, const Integer* digit, Swap&& swap) {
   long r = 0;
   for (long p = 0; p < n;) {
     for (long a = 0; a < last; ++a, ++p, r += step)
-      if (p < r) swap(p, r);
+      if (p < r) data.swap(p, r);
     r -= last * step;
     for (int i = len - 2; i >= 0; --i) {
       r += weight[i];
@@ -322,7 +322,7 @@ inline constexpr std::uint32_t kWindow = 4096 * 8;
 
 // The square-free stage is no involution.  Block t of each segment must
 // receive block map(t), map being the inverse reversal, so each cycle
-// t -> map(t) -> ... is rotated by swaps along it from its least member,
+// t -> map(t) -> ... is rotated, once, from its least member,
 // its leader.  A bitmap marks the blocks of the current window already
 // placed, which are skipped at no cost.  An unmarked block of the first
 // window is a leader (every cycle with a smaller leader has been rotated
@@ -331,8 +331,8 @@ inline constexpr std::uint32_t kWindow = 4096 * 8;
 // falls below it or meets a mark (already placed).  That bounds the walk by
 // the classic cycle-leader method's, and makes it one evaluation of map per
 // block whenever the blocks fit one window.
-template <class Swap>
-void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
+template <class Data>
+void reorder_square_free(long n, const Integer* sf, long kt, Data& data) {
   int len = 0;
   while (sf[len] != 0) ++len;
   if (len == 0) return;
@@ -348,41 +348,44 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
   constexpr std::uint32_t kRun = 4096;
   std::uint32_t table[kRun];
   std::uint32_t* part[3] = {table, table, table};
-  FastDivisor run[3];  // the runs' products; unused runs have product 1
-  std::uint32_t above = 1;
-  for (int i = 0; i < len; ++i) above *= static_cast<std::uint32_t>(sf[i]);
+  FastDivisor run[3];  // the runs' products; unused runs have product 1 and table entry 0
+  std::uint32_t above[kListSize];  // above[q]: the product of the factors after q
+  above[len - 1] = 1;
+  for (int q = len - 1; q > 0; --q) above[q - 1] = above[q] * static_cast<std::uint32_t>(sf[q]);
   std::uint32_t used = 0;
   for (int i = 0, r = 0; i < len; ++r) {
     std::uint32_t size = 1;
     int j = i;
     while (j < len && size * static_cast<std::uint32_t>(sf[j]) <= kRun)
       size *= static_cast<std::uint32_t>(sf[j++]);
-    // Fill the run's table with a mixed-radix counter over its digits.
+    // The run's table, built from its most significant digit down: each
+    // digit multiplies the table's length by its radix.
     part[r] = table + used;
     run[r].set(size);
-    std::uint32_t digit[kListSize] = {}, weight[kListSize], value = 0;
-    for (int q = i; q < j; ++q) weight[q] = (above /= static_cast<std::uint32_t>(sf[q]));
-    for (std::uint32_t v = 0; v < size; ++v) {
-      part[r][v] = value;
-      for (int q = i; q < j; ++q) {
-        value += weight[q];
-        if (++digit[q] < static_cast<std::uint32_t>(sf[q])) break;
-        value -= digit[q] * weight[q];
-        digit[q] = 0;
+    std::uint32_t length = 1;
+    part[r][0] = 0;
+    for (int q = j - 1; q >= i; --q) {
+      const std::uint32_t s_q = static_cast<std::uint32_t>(sf[q]);
+      for (std::uint32_t a = length; a-- > 0;) {
+        const std::uint32_t high = part[r][a];
+        for (std::uint32_t d = 0; d < s_q; ++d) part[r][a * s_q + d] = high + d * above[q];
       }
+      length *= s_q;
     }
     used += size;
     i = j;
   }
   const std::uint32_t blocks = static_cast<std::uint32_t>(n / (kt * kt));
   const long stride = blocks * kt;
+  const bool one_run = run[0].d == blocks;
   auto map = [&](std::uint32_t t) {
+    if (one_run) return part[0][t];
     const std::uint32_t t1 = run[0].quotient(t), t2 = run[1].quotient(t1);
     return part[0][t - t1 * run[0].d] + part[1][t1 - t2 * run[1].d] + part[2][t2];
   };
   auto swap_blocks = [&](std::uint32_t a, std::uint32_t b) {
     for (long seg = 0; seg < n; seg += stride)
-      for (long e = 0; e < kt; ++e) swap(seg + a * kt + e, seg + b * kt + e);
+      for (long e = 0; e < kt; ++e) data.swap(seg + a * kt + e, seg + b * kt + e);
   };
 
   std::uint64_t mark[kWindow / 64];
@@ -406,6 +409,19 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
         if (u != t) continue;
       }
       // Rotate: block j receives block map(j), all along the cycle.
+      // Single elements move once each through a held copy of the
+      // leader; blocks of kt > 1 elements in kt segments are swapped along
+      // the cycle instead, which needs no room for a whole block.
+      if (kt == 1) {
+        data.hold(t);
+        std::uint32_t j = t;
+        for (std::uint32_t u = map(t); u != t; j = u, u = map(u)) {
+          data.move(j, u);
+          set_mark(u);
+        }
+        data.release(j);
+        continue;
+      }
       for (std::uint32_t j = t, u = map(t); u != t; j = u, u = map(u)) {
         swap_blocks(j, u);
         set_mark(u);
@@ -414,25 +430,48 @@ void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
   }
 }
 
-void reorder(Integer n, const Factors& fac, double* x, double* y) {
-  if (y) {
-    auto swap2 = [x, y](long a, long b) {
-      std::swap(x[a], x[b]);
-      std::swap(y[a], y[b]);
-    };
-    reorder_squares(n, fac.digit, swap2);
-    reorder_square_free(n, fac.square_free, fac.kt, swap2);
-  } else {
-    auto swap1 = [x](long a, long b) { std::swap(x[a], x[b]); };
-    reorder_squares(n, fac.digit, swap1);
-    reorder_square_free(n, fac.square_free, fac.kt, swap1);
+// The one or two arrays that a reordering moves alike, with room for one
+// held element.
+struct OneArray {
+  double* x;
+  double hx = 0.0;
+  void swap(long a, long b) { std::swap(x[a], x[b]); }
+  void hold(long a) { hx = x[a]; }
+  void move(long to, long from) { x[to] = x[from]; }
+  void release(long to) { x[to] = hx; }
+};
+
+struct TwoArrays {
+  double *x, *y;
+  double hx = 0.0, hy = 0.0;
+  void swap(long a, long b) {
+    std::swap(x[a], x[b]);
+    std::swap(y[a], y[b]);
   }
+  void hold(long a) {
+    hx = x[a];
+    hy = y[a];
+  }
+  void move(long to, long from) {
+    x[to] = x[from];
+    y[to] = y[from];
+  }
+  void release(long to) {
+    x[to] = hx;
+    y[to] = hy;
+  }
+};
+
+template <class Data>
+void reorder(Integer n, const Factors& fac, Data data) {
+  reorder_squares(n, fac.digit, data);
+  reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
 }  // namespace
 
 void real_transform(Integer n, const Factors& fac, double* x) {
-  reorder(n, fac, x, nullptr);
+  reorder(n, fac, OneArray{x});
   Integer m = 1;
   for (const Integer* f = fac.stage; *f != 0; ++f) {
     with_radix(*f, [&](const auto& dft) { real_pass(dft, n, m, x); });
@@ -446,7 +485,7 @@ void hermitian_transform(Integer n, const Factors& fac, double* x) {
     m /= *f;
     with_radix(*f, [&](const auto& dft) { hermitian_pass(dft, n, m, x); });
   }
-  reorder(n, fac, x, nullptr);
+  reorder(n, fac, OneArray{x});
 }
 
 void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
@@ -455,7 +494,7 @@ void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
     m /= *f;
     with_radix(*f, [&](const auto& dft) { complex_pass(dft, n, m, x, y); });
   }
-  reorder(n, fac, x, y);
+  reorder(n, fac, TwoArrays{x, y});
 }
 
 void divide(Integer n, double* x, double d) {
