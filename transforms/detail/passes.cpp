@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <utility>
 
@@ -497,8 +498,19 @@ void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
   reorder(n, fac, TwoArrays{x, y});
 }
 
+// Two quotients per instruction: a packed division rounds each lane exactly
+// as the scalar one does, at about half the cost per element.
 void divide(Integer n, double* x, double d) {
-  for (Integer i = 0; i < n; ++i) x[i] /= d;
+  typedef double Pair __attribute__((vector_size(16)));
+  const Pair dd = {d, d};
+  Integer i = 0;
+  for (; i + 2 <= n; i += 2) {
+    Pair v;
+    std::memcpy(&v, x + i, sizeof v);
+    v /= dd;
+    std::memcpy(x + i, &v, sizeof v);
+  }
+  for (; i < n; ++i) x[i] /= d;
 }
 
 }  // namespace zil::fft
