@@ -152,4 +152,30 @@ TEST(FftRoundTrip, EveryLengthTo2048) {
   }
 }
 
+// Square-free lengths whose second reordering stage has more blocks than
+// fit one window of its marks (2^15), so that cycles met again in a later
+// window must be recognised as placed: unit impulses at 1 (real) and at j
+// (imaginary) give z(k) = (exp(-i*2*pi*k/n) + i*exp(-i*2*pi*j*k/n))/sqrt(n)
+// in closed form, and any misplaced block shows at once.
+TEST(FftReorder, ImpulsesAtLongSquareFreeLengths) {
+  constexpr long double two_pi = 6.283185307179586476925286766559005768L;
+  // 2*3*5*7*11*13*17 (kt = 1), and 4 times 3*5*7*11*13*17 (kt = 2).
+  for (long n : {510510L, 1021020L}) {
+    const long j = 12347;
+    std::vector<double> x(n, 0.0), y(n, 0.0);
+    x[1] = 1.0;
+    y[j] = 1.0;
+    ZilError fail{};
+    c06ecc(static_cast<Integer>(n), x.data(), y.data(), &fail);
+    ASSERT_EQ(fail.code, 0);
+    std::vector<cld> want(n);
+    const long double s = std::sqrt(static_cast<long double>(n));
+    for (long k = 0; k < n; ++k) {
+      const long double a = two_pi * k / n, b = two_pi * ((j * k) % n) / n;
+      want[k] = (cld(std::cos(a), -std::sin(a)) + cld(std::sin(b), std::cos(b))) / s;
+    }
+    EXPECT_LE(fftt::rms_rel(x, y, want), fftt::bound(n)) << "n = " << n;
+  }
+}
+
 }  // namespace

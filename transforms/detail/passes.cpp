@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
+#include <iterator>
 #include <utility>
 
 #include "transforms/detail/kernels.hpp"
@@ -270,8 +272,8 @@ void with_radix(Integer f, Fn&& fn) {
 // respect to the stage list, first pass most significant) are those of k
 // read backwards.  Both stages move element p to rev(p).
 
-template <class Swap>
-void reorder_squares(long n, const Integer* digit, Swap&& swap) {
+template <class Data>
+void reorder_squares(long n, const Integer* digit, Data& data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
@@ -284,7 +286,7 @@ void reorder_squares(long n, const Integer* digit, Swap&& swap) {
   long r = 0;
   for (long p = 0; p < n;) {
     for (long a = 0; a < last; ++a, ++p, r += step)
-      if (p < r) swap(p, r);
+      if (p < r) data.swap(p, r);
     r -= last * step;
     for (int i = len - 2; i >= 0; --i) {
       r += weight[i];
@@ -298,9 +300,9 @@ void reorder_squares(long n, const Integer* digit, Swap&& swap) {
 // Division of a 32-bit index by a small fixed divisor through one 64-bit
 // reciprocal (Lemire, Kaser and Kurz, "Faster remainder by direct
 // computation", 2019): exact for every 32-bit numerator and every divisor
-// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.  The cycle-leader
-// walk below evaluates its index map several times per element, and a
-// hardware division per digit would dominate the whole transform.
+// above 1; the divisor 1, whose reciprocal would not fit, is handled apart.
+// The cycle walk below evaluates its index map at least once per block, and
+// a hardware division per digit would dominate the whole transform.
 struct FastDivisor {
   std::uint32_t d = 1;
   std::uint64_t inverse = 0;
@@ -314,64 +316,163 @@ struct FastDivisor {
   }
 };
 
+// Block indices covered by one window of the square-free stage's marks: a
+// 4 KiB bitmap on the stack, which covers every block of the lengths up to
+// 2^15 blocks in a single window.
+inline constexpr std::uint32_t kWindow = 4096 * 8;
+
 // The square-free stage is no involution.  Block t of each segment must
-// receive block map(t), map being the inverse reversal; the cycle-leader
-// method follows map from t until it reaches an index not below t, which is
-// where the wanted block now lies.
-template <class Swap>
-void reorder_square_free(long n, const Integer* sf, long kt, Swap&& swap) {
+// receive block map(t), map being the inverse reversal, so each cycle
+// t -> map(t) -> ... is rotated, once, from its least member,
+// its leader.  A bitmap marks the blocks of the current window already
+// placed, which are skipped at no cost.  An unmarked block of the first
+// window is a leader (every cycle with a smaller leader has been rotated
+// and marked); in a later window it may belong to a cycle rotated in an
+// earlier one, so its cycle is followed first until it returns (a leader),
+// falls below it or meets a mark (already placed).  That bounds the walk by
+// the classic cycle-leader method's, and makes it one evaluation of map per
+// block whenever the blocks fit one window.
+template <class Data>
+void reorder_square_free(long n, const Integer* sf, long kt, Data& data) {
   int len = 0;
   while (sf[len] != 0) ++len;
   if (len == 0) return;
-  // Digit i of t (the first factor least significant) is (t / below_i)
-  // mod s_i; each digit is taken straight from t, so the digits of one
-  // evaluation do not wait on one another.  In map(t) it weighs above_i.
-  FastDivisor below[kListSize], radix[kListSize];
-  std::uint32_t above[kListSize];
-  std::uint32_t product = 1;
-  for (int i = 0; i < len; ++i) {
-    below[i].set(product);
-    radix[i].set(static_cast<std::uint32_t>(sf[i]));
-    product *= static_cast<std::uint32_t>(sf[i]);
-  }
-  for (int i = 0; i < len; ++i) above[i] = product / (below[i].d * radix[i].d);
-  const long blocks = n / (kt * kt), stride = blocks * kt;
-  auto map = [&](std::uint32_t t) {
-    std::uint32_t b = 0;
-    for (int i = 0; i < len; ++i) {
-      const std::uint32_t q = below[i].quotient(t);
-      b += (q - radix[i].quotient(q) * radix[i].d) * above[i];
+  // map(t) sums digit i of t (the first factor least significant) times
+  // above_i, the product of the factors after it.  The factors are cut into
+  // at most three runs, each with a product of at most kRun, and the part of
+  // map that each run's digits contribute is tabled for all its values:
+  // map(t) is then at most two divisions and three look-ups, and a single
+  // look-up up to kRun blocks.  That matters because the walk along a cycle
+  // is one chain of dependent evaluations, so its latency sets the pace.
+  // The singles are distinct primes up to 19, so greedy runs under 4096 need
+  // at most three parts and 3990 entries in all (2*3*5*7*19).
+  constexpr std::uint32_t kRun = 4096;
+  std::uint32_t table[kRun];
+  std::uint32_t* part[3] = {table, table, table};
+  FastDivisor run[3];  // the runs' products; unused runs have product 1 and table entry 0
+  std::uint32_t above[kListSize];  // above[q]: the product of the factors after q
+  above[len - 1] = 1;
+  for (int q = len - 1; q > 0; --q) above[q - 1] = above[q] * static_cast<std::uint32_t>(sf[q]);
+  std::uint32_t used = 0;
+  for (int i = 0, r = 0; i < len; ++r) {
+    std::uint32_t size = 1;
+    int j = i;
+    while (j < len && size * static_cast<std::uint32_t>(sf[j]) <= kRun)
+      size *= static_cast<std::uint32_t>(sf[j++]);
+    // The run's table, built from its most significant digit down: each
+    // digit multiplies the table's length by its radix.
+    part[r] = table + used;
+    run[r].set(size);
+    std::uint32_t length = 1;
+    part[r][0] = 0;
+    for (int q = j - 1; q >= i; --q) {
+      const std::uint32_t s_q = static_cast<std::uint32_t>(sf[q]);
+      for (std::uint32_t a = length; a-- > 0;) {
+        const std::uint32_t high = part[r][a];
+        for (std::uint32_t d = 0; d < s_q; ++d) part[r][a * s_q + d] = high + d * above[q];
+      }
+      length *= s_q;
     }
-    return b;
+    used += size;
+    i = j;
+  }
+  const std::uint32_t blocks = static_cast<std::uint32_t>(n / (kt * kt));
+  const long stride = blocks * kt;
+  const bool one_run = run[0].d == blocks;
+  auto map = [&](std::uint32_t t) {
+    if (one_run) return part[0][t];
+    const std::uint32_t t1 = run[0].quotient(t), t2 = run[1].quotient(t1);
+    return part[0][t - t1 * run[0].d] + part[1][t1 - t2 * run[1].d] + part[2][t2];
   };
-  for (std::uint32_t t = 1; t < blocks; ++t) {
-    std::uint32_t u = map(t);
-    while (u < t) u = map(u);
-    if (u == t) continue;
+  auto swap_blocks = [&](std::uint32_t a, std::uint32_t b) {
     for (long seg = 0; seg < n; seg += stride)
-      for (long e = 0; e < kt; ++e) swap(seg + t * kt + e, seg + u * kt + e);
+      for (long e = 0; e < kt; ++e) data.swap(seg + a * kt + e, seg + b * kt + e);
+  };
+
+  std::uint64_t mark[kWindow / 64];
+  for (std::uint32_t t0 = 0; t0 < blocks; t0 += kWindow) {
+    const std::uint32_t t1 = std::min(blocks, t0 + kWindow);
+    std::fill(std::begin(mark), std::end(mark), 0);
+    auto marked = [&](std::uint32_t u) {
+      return u >= t0 && u < t1 && (mark[(u - t0) / 64] >> ((u - t0) % 64) & 1);
+    };
+    auto set_mark = [&](std::uint32_t u) {
+      if (u >= t0 && u < t1) mark[(u - t0) / 64] |= std::uint64_t{1} << ((u - t0) % 64);
+    };
+    for (std::uint32_t t = t0; t < t1; ++t) {
+      if (marked(t)) continue;
+      if (t0 > 0) {
+        std::uint32_t u = map(t);
+        while (u > t && !marked(u)) {
+          set_mark(u);
+          u = map(u);
+        }
+        if (u != t) continue;
+      }
+      // Rotate: block j receives block map(j), all along the cycle.
+      // Single elements move once each through a held copy of the
+      // leader; blocks of kt > 1 elements in kt segments are swapped along
+      // the cycle instead, which needs no room for a whole block.
+      if (kt == 1) {
+        data.hold(t);
+        std::uint32_t j = t;
+        for (std::uint32_t u = map(t); u != t; j = u, u = map(u)) {
+          data.move(j, u);
+          set_mark(u);
+        }
+        data.release(j);
+        continue;
+      }
+      for (std::uint32_t j = t, u = map(t); u != t; j = u, u = map(u)) {
+        swap_blocks(j, u);
+        set_mark(u);
+      }
+    }
   }
 }
 
-void reorder(Integer n, const Factors& fac, double* x, double* y) {
-  if (y) {
-    auto swap2 = [x, y](long a, long b) {
-      std::swap(x[a], x[b]);
-      std::swap(y[a], y[b]);
-    };
-    reorder_squares(n, fac.digit, swap2);
-    reorder_square_free(n, fac.square_free, fac.kt, swap2);
-  } else {
-    auto swap1 = [x](long a, long b) { std::swap(x[a], x[b]); };
-    reorder_squares(n, fac.digit, swap1);
-    reorder_square_free(n, fac.square_free, fac.kt, swap1);
+// The one or two arrays that a reordering moves alike, with room for one
+// held element.
+struct OneArray {
+  double* x;
+  double hx = 0.0;
+  void swap(long a, long b) { std::swap(x[a], x[b]); }
+  void hold(long a) { hx = x[a]; }
+  void move(long to, long from) { x[to] = x[from]; }
+  void release(long to) { x[to] = hx; }
+};
+
+struct TwoArrays {
+  double *x, *y;
+  double hx = 0.0, hy = 0.0;
+  void swap(long a, long b) {
+    std::swap(x[a], x[b]);
+    std::swap(y[a], y[b]);
   }
+  void hold(long a) {
+    hx = x[a];
+    hy = y[a];
+  }
+  void move(long to, long from) {
+    x[to] = x[from];
+    y[to] = y[from];
+  }
+  void release(long to) {
+    x[to] = hx;
+    y[to] = hy;
+  }
+};
+
+template <class Data>
+void reorder(Integer n, const Factors& fac, Data data) {
+  reorder_squares(n, fac.digit, data);
+  reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
 }  // namespace
 
 void real_transform(Integer n, const Factors& fac, double* x) {
-  reorder(n, fac, x, nullptr);
+  reorder(n, fac, OneArray{x});
   Integer m = 1;
   for (const Integer* f = fac.stage; *f != 0; ++f) {
     with_radix(*f, [&](const auto& dft) { real_pass(dft, n, m, x); });
@@ -385,7 +486,7 @@ void hermitian_transform(Integer n, const Factors& fac, double* x) {
     m /= *f;
     with_radix(*f, [&](const auto& dft) { hermitian_pass(dft, n, m, x); });
   }
-  reorder(n, fac, x, nullptr);
+  reorder(n, fac, OneArray{x});
 }
 
 void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
@@ -394,11 +495,22 @@ void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
     m /= *f;
     with_radix(*f, [&](const auto& dft) { complex_pass(dft, n, m, x, y); });
   }
-  reorder(n, fac, x, y);
+  reorder(n, fac, TwoArrays{x, y});
 }
 
+// Two quotients per instruction: a packed division rounds each lane exactly
+// as the scalar one does, at about half the cost per element.
 void divide(Integer n, double* x, double d) {
-  for (Integer i = 0; i < n; ++i) x[i] /= d;
+  typedef double Pair __attribute__((vector_size(16)));
+  const Pair dd = {d, d};
+  Integer i = 0;
+  for (; i + 2 <= n; i += 2) {
+    Pair v;
+    std::memcpy(&v, x + i, sizeof v);
+    v /= dd;
+    std::memcpy(x + i, &v, sizeof v);
+  }
+  for (; i < n; ++i) x[i] /= d;
 }
 
 }  // namespace zil::fft
