@@ -52,6 +52,13 @@ struct GammaRatios {
 };
 GammaRatios incomplete_gamma(double a, double x, double tol);
 
+// w(z) = exp(-z^2) erfc(-iz); exit 1: the result would overflow (value 0).
+struct ComplexResult {
+  std::complex<double> value;
+  int exit;
+};
+ComplexResult faddeeva(std::complex<double> z);
+
 }  // namespace sf
 
 // Inner forms by value: ifail on entry as in the inner layer's convention,

@@ -291,6 +291,29 @@ def check(name, n, fn, kind, affine, coefs, centre=0, points=2000):
     return worst
 
 
+FADDEEVA_NODES = 17
+
+
+def faddeeva_table():
+    """Nodes and weights of the trapezoidal rule of step h = pi/7 for
+    w(z) = (i/pi) int exp(-t^2)/(z - t) dt: the nodes k h and the midpoints
+    (k + 1/2) h, k = 0..16, rounded to double, and the weights
+    (h/pi) exp(-t^2) = exp(-t^2)/7 at the rounded nodes, so that the rule is
+    the exact trapezoidal sum over the nodes it uses."""
+    lines = []
+    lines.append("// The trapezoidal rule of step pi/7 for w(z) = (i/pi) int exp(-t^2)/(z - t) dt:")
+    lines.append(f"// nodes k pi/7 and midpoints (k + 1/2) pi/7, k = 0..{FADDEEVA_NODES - 1}, rounded to double, with")
+    lines.append(f"// the weights exp(-t^2)/7 at the rounded nodes, from mpmath at {WORKING_DPS} digits.")
+    for name, shift in (("faddeeva_nodes", 0), ("faddeeva_midpoints", mp.mpf(1) / 2)):
+        lines.append(f"inline constexpr std::array<std::array<double, 2>, {FADDEEVA_NODES}> {name} = {{{{")
+        for k in range(FADDEEVA_NODES):
+            t = float((k + shift) * mp.pi / 7)
+            c = mp.exp(-mp.mpf(t) ** 2) / 7
+            lines.append(f"    {{{t!r}, {float(c)!r}}},")
+        lines.append("}};")
+    return lines
+
+
 def main():
     if "--check" in sys.argv:
         for name, n, fn, comment, kind, affine in TABLES:
@@ -335,6 +358,9 @@ def main():
     for cs in temme_coefficients(TEMME_TERMS, TEMME_DEGREE):
         print("    {" + ", ".join(repr(float(v)) for v in reversed(cs)) + "},")
     print("}};")
+    print()
+    for line in faddeeva_table():
+        print(line)
     print()
     print("}  // namespace zil::sf::coef")
 

@@ -55,6 +55,13 @@ struct Twofold {
   double lo;
 };
 
+// a+b exactly (Knuth's two-sum, for operands of any order of size).
+inline Twofold two_sum(double a, double b) {
+  const double s = a + b;
+  const double bb = s - a;
+  return {s, (a - (s - bb)) + (b - bb)};
+}
+
 // a*b exactly, by Dekker's splitting (no fused multiply-add is assumed);
 // valid while neither factor is near the overflow limit.
 inline Twofold two_prod(double a, double b) {
