@@ -161,6 +161,12 @@ TABLES = [
 # Tables used on part of their interval only: erfc stops at x = 26.6.
 USED = {"s15ad": (-1.0, 1 - 7.5 / (26.6 + 3.75))}
 
+# Tables held to an exact value at one end: erfc(0) = 1 at t = -1.  The
+# truncated, rounded expansion misses it by a unit or two in the last place,
+# which would show in erfc(0), erf's complement and the normal probabilities
+# at 0.
+PIN = {"s15ad": (-1, 1)}
+
 # Tables whose function crosses zero: their error is measured against this
 # magnitude (the size of the terms the routine adds them to) near the zero.
 FLOOR = {"s13aa_0": 0.5, "s13ac_0": 2.0}
@@ -256,6 +262,30 @@ def best_centre(name, n, fn, kind, affine):
     return best[1], best[2]
 
 
+def pin(coefs, centre, at, value):
+    """Rounds the coefficients to double and moves the leading one (the
+    highest power, which weighs most at the end of the interval far from the
+    centre and least near the centre) so that the nested multiplication in
+    double gives `value` exactly at t = `at`: first by the exact defect of
+    the rounded polynomial, then by steps worth a quarter of a unit in the
+    last place of `value` until the double evaluation agrees."""
+    import math
+    from fractions import Fraction
+    c = [float(a) for a in coefs]
+    s = float(at - centre)
+    weight = s ** (len(c) - 1)
+    exact = Fraction(0)
+    for a in c:
+        exact = exact * Fraction(s) + Fraction(a)
+    c[0] = float(Fraction(c[0]) + (Fraction(value) - exact) / Fraction(weight))
+    for _ in range(64):
+        got = horner(c, s)
+        if got == value:
+            return c
+        c[0] += math.ulp(value) / 4 / weight * (-1 if got > value else 1)
+    raise RuntimeError("pin did not settle")
+
+
 def horner(coefs, t):
     p = coefs[0]
     for a in coefs[1:]:
@@ -336,6 +366,8 @@ def main():
     print("namespace zil::sf::coef {")
     for name, n, fn, comment, kind, affine in TABLES:
         centre, coefs = best_centre(name, n, fn, kind, affine)
+        if name in PIN:
+            coefs = pin(coefs, centre, *PIN[name])
         if kind == "cheb":
             what = "Chebyshev coefficients"
         elif centre:
@@ -343,7 +375,10 @@ def main():
         else:
             what = "powers of the variable, highest first"
         print()
-        print(f"// {comment}: {n}-term Chebyshev expansion on [-1, 1], {what}.")
+        pinned = ""
+        if name in PIN:
+            pinned = f" The leading coefficient is moved so that t = {PIN[name][0]} gives {PIN[name][1]} exactly."
+        print(f"// {comment}: {n}-term Chebyshev expansion on [-1, 1], {what}.{pinned}")
         if kind != "cheb" and not affine:
             print(f"inline constexpr double {name}_centre = {float(centre)!r};")
         print(f"inline constexpr std::array<double, {n}> {name} = {{")

@@ -348,10 +348,10 @@ inline constexpr std::array<double, 5> s14ab = {
     0.08332716440657865,
 };
 
-// exp(x^2) erfc(x), t = 1 - 7.5/(x + 3.75): 23-term Chebyshev expansion on [-1, 1], powers of (t - 1), highest first.
+// exp(x^2) erfc(x), t = 1 - 7.5/(x + 3.75): 23-term Chebyshev expansion on [-1, 1], powers of (t - 1), highest first. The leading coefficient is moved so that t = -1 gives 1 exactly.
 inline constexpr double s15ad_centre = 1.0;
 inline constexpr std::array<double, 23> s15ad = {
-    3.3281300551260435e-10,
+    3.3281300551258393e-10,
     6.7500221541995965e-09,
     6.080457208502266e-08,
     3.186513539240909e-07,
