@@ -24,6 +24,8 @@ double fresnel_c(double x);
 double sin_integral(double x);
 double tanh(double x);
 double arsinh(double x);
+// ln(1 + y) - y, with full relative accuracy also where the terms cancel.
+double log1pmx(double y);
 
 // Kernels of the routines that can fail: the value, and the failure number
 // of the inner form (0 on success).
