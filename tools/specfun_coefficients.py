@@ -265,8 +265,9 @@ def best_centre(name, n, fn, kind, affine):
 def pin(coefs, centre, at, value):
     """Rounds the coefficients to double and moves the leading one (the
     highest power, which weighs most at the end of the interval far from the
-    centre and least near the centre) so that the nested multiplication in
-    double gives `value` exactly at t = `at`: first by the exact defect of
+    centre and least near the centre) so that the second-order nested
+    multiplication in double (even and odd powers apart, as the routine
+    evaluates the table) gives `value` exactly at t = `at`: first by the exact defect of
     the rounded polynomial, then by steps worth a quarter of a unit in the
     last place of `value` until the double evaluation agrees."""
     import math
@@ -279,11 +280,25 @@ def pin(coefs, centre, at, value):
         exact = exact * Fraction(s) + Fraction(a)
     c[0] = float(Fraction(c[0]) + (Fraction(value) - exact) / Fraction(weight))
     for _ in range(64):
-        got = horner(c, s)
+        got = horner2(c, s)
         if got == value:
             return c
         c[0] += math.ulp(value) / 4 / weight * (-1 if got > value else 1)
     raise RuntimeError("pin did not settle")
+
+
+def horner2(coefs, t):
+    """Second-order Horner in double, as poly2 in specfun/detail/series.hpp."""
+    t2 = t * t
+    a, b = coefs[0], coefs[1]
+    k = 2
+    while k + 1 < len(coefs):
+        a = a * t2 + coefs[k]
+        b = b * t2 + coefs[k + 1]
+        k += 2
+    if k < len(coefs):
+        return (a * t2 + coefs[k]) + b * t
+    return a * t + b
 
 
 def horner(coefs, t):
