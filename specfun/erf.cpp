@@ -32,7 +32,7 @@ double erfc_split(double h, double l) {
   // The series is kept about t = 1, where t - 1 = -7.5/(a + 3.75) comes with
   // a single rounding.
   static_assert(coef::s15ad_centre == 1.0);
-  const double s = poly(coef::s15ad, -7.5 / (a + 3.75));
+  const double s = poly2(coef::s15ad, -7.5 / (a + 3.75));
   const double e = exp_minus_square(a);
   const double y = e * s;
   const double v = h >= 0.0 ? y : 2.0 - y;

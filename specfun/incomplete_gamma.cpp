@@ -6,6 +6,7 @@
 // P when x < a + 1 and Legendre's continued fraction for Q otherwise, each
 // scaled by x^a exp(-x)/Gamma(a + 1).
 #include <cmath>
+#include <limits>
 
 #include "frame/export.hpp"
 #include "frame/report.hpp"
@@ -20,19 +21,43 @@ namespace {
 
 constexpr int kIterationLimit = 600;
 
-// ln(1 + mu) - mu without the cancellation of the plain difference, through
-// z = mu/(2 + mu): ln(1 + mu) = 2 artanh z and mu = 2z/(1 - z).
-double log1p_minus(double mu) {
-  if (std::fabs(mu) > 0.5) return std::log1p(mu) - mu;
-  const double z = mu / (2.0 + mu), z2 = z * z;
-  double term = z, sum = 0.0;
-  for (int k = 3; k < 80; k += 2) {
-    term *= z2;
-    const double add = term / k;
+// The exponents of the front factor and of Temme's expansion reach several
+// hundred in the tails, and exp passes an absolute error in its argument on
+// as a relative one: they are formed in the extended format, whose 64-bit
+// significand leaves them an error well below 2^-53 of the result.
+using Wide = long double;
+static_assert(std::numeric_limits<Wide>::digits >= 64, "the exponents need an extended format");
+
+// ln(1 + y) - y to the extended precision.  Near 0, where the two terms
+// cancel, through z = y/(2 + y): ln(1 + y) = 2 artanh z and y = 2z/(1 - z)
+// give ln(1 + y) - y = -z y + 2 (z^3/3 + z^5/5 + ...), |z| <= 1/3.
+Wide log1pmx_wide(Wide y) {
+  if (std::fabs(y) > 0.5L) return std::log1p(y) - y;
+  const Wide z = y / (2.0L + y), z2 = z * z;
+  Wide power = z, sum = 0.0L;
+  for (int k = 3; k < 99; k += 2) {
+    power *= z2;
+    const Wide add = power / k;
     sum += add;
-    if (std::fabs(add) <= 1e-17 * std::fabs(sum)) break;
+    if (std::fabs(add) <= 1e-21L * std::fabs(sum)) break;
   }
-  return 2.0 * sum - 2.0 * z2 / (1.0 - z);
+  return 2.0L * sum - z * y;
+}
+
+// a phi = a (lambda - 1 - ln lambda), lambda = x/a.  Away from lambda = 1
+// ln lambda is taken of the quotient itself, whose rounding is a relative
+// one, rather than of 1 + (lambda - 1), which would turn the rounding of
+// lambda - 1 into a relative error 1/lambda times larger.
+Wide a_phi(double a, double x) {
+  const Wide mu = (Wide(x) - a) / a;
+  if (std::fabs(mu) <= 0.5L) return -a * log1pmx_wide(mu);
+  return a * (mu - std::log(Wide(x) / a));
+}
+
+// exp(-e) for an exponent carried in the extended format.
+double exp_minus(Wide e) {
+  const double hi = static_cast<double>(e);
+  return std::exp(-hi) * (1.0 - static_cast<double>(e - hi));
 }
 
 // ln Gamma*(a) = ln Gamma(a) - Stirling's leading terms, for a > 15.
@@ -43,35 +68,33 @@ double log_gamma_star(double a) {
 
 // x^a exp(-x) / Gamma(a + 1).
 double front_factor(double a, double x) {
-  if (a > 15.0) {
-    // exp(-a phi) sqrt(a/(2 pi)) / (a Gamma*(a)), phi = lambda - 1 - ln lambda,
-    // with phi formed so that it keeps its digits as x approaches a.
-    const double phi = -log1p_minus((x - a) / a);
-    return std::exp(-a * phi - log_gamma_star(a)) / std::sqrt(2.0 * kPi * a);
-  }
-  const double direct = std::pow(x, a) * std::exp(-x);
-  if (direct > kTiny && direct < kHuge) return direct / gamma(a + 1.0).value;
-  return std::exp(a * std::log(x) - x - log_gamma(a + 1.0).value);
+  // exp(-a phi) sqrt(a/(2 pi)) / (a Gamma*(a)), with Gamma* = 1 + O(1/a).
+  if (a > 15.0) return exp_minus(a_phi(a, x) + log_gamma_star(a)) / std::sqrt(2.0 * kPi * a);
+  return exp_minus(x - a * std::log(Wide(x))) / gamma(a + 1.0).value;
 }
 
 GammaRatios temme(double a, double x) {
-  const double mu = (x - a) / a;
-  const double phi = -log1p_minus(mu);
-  const double eta = std::copysign(std::sqrt(2.0 * phi), mu);
+  const Wide e = a_phi(a, x);  // a eta^2 / 2
+  const double eta = std::copysign(std::sqrt(2.0 * static_cast<double>(e) / a), x - a);
   const double inv_a = 1.0 / a;
   double sum = 0.0;
   for (std::size_t k = coef::temme.size(); k-- > 0;) sum = sum * inv_a + poly(coef::temme[k], eta);
-  const double r = std::exp(-a * phi) / std::sqrt(2.0 * kPi * a) * sum;
-  const double arg = eta * std::sqrt(0.5 * a);
+  const double r = exp_minus(e) / std::sqrt(2.0 * kPi * a) * sum;
+  // erfc's argument eta sqrt(a/2) = sqrt(a phi), split into a value and a
+  // correction, which erfc_split takes without rounding them together.
+  const Wide arg = std::copysign(std::sqrt(e), Wide(x) - a);
+  const double arg_hi = static_cast<double>(arg), arg_lo = static_cast<double>(arg - arg_hi);
   if (x >= a) {
-    const double q = 0.5 * erfc(arg) + r;
+    const double q = 0.5 * erfc_split(arg_hi, arg_lo) + r;
     return {1.0 - q, q, 0, 0};
   }
-  const double p = 0.5 * erfc(-arg) - r;
+  const double p = 0.5 * erfc_split(-arg_hi, -arg_lo) - r;
   return {p, 1.0 - p, 0, 0};
 }
 
 }  // namespace
+
+double log1pmx(double y) { return static_cast<double>(log1pmx_wide(y)); }
 
 GammaRatios incomplete_gamma(double a, double x, double tol) {
   if (a <= 0.0) return {0.0, 0.0, 1, 0};

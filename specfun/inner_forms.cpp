@@ -40,4 +40,18 @@ double s14abf_f(double x, Integer& ifail) {
   return r.value;
 }
 
+void s14baf_f(double a, double x, double tol, double& p, double& q, Integer& ifail) {
+  const sf::GammaRatios r = sf::incomplete_gamma(a, x, tol);
+  p = r.p;
+  q = r.q;
+  if (r.exit == 3) {
+    const auto lines = edit_format("(' ** Algorithm fails to terminate in ',I4,' iterations.')", r.iterations);
+    ifail = inner_exit_f(ifail, 3, "S14BAF", lines.front().c_str());
+    return;
+  }
+  ifail = inner_end(ifail, r.exit, "S14BAF",
+                    r.exit == 1 ? " ** On entry, A .le. 0.0: A = %13.5e" : " ** On entry, X .lt. 0.0: X = %13.5e",
+                    r.exit == 1 ? a : x);
+}
+
 }  // namespace zil

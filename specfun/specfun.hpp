@@ -24,6 +24,8 @@ double fresnel_c(double x);
 double sin_integral(double x);
 double tanh(double x);
 double arsinh(double x);
+// ln(1 + y) - y, with full relative accuracy also where the terms cancel.
+double log1pmx(double y);
 
 // Kernels of the routines that can fail: the value, and the failure number
 // of the inner form (0 on success).
@@ -51,6 +53,13 @@ struct GammaRatios {
   int iterations;
 };
 GammaRatios incomplete_gamma(double a, double x, double tol);
+
+// w(z) = exp(-z^2) erfc(-iz); exit 1: the result would overflow (value 0).
+struct ComplexResult {
+  std::complex<double> value;
+  int exit;
+};
+ComplexResult faddeeva(std::complex<double> z);
 
 }  // namespace sf
 

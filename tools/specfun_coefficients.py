@@ -161,6 +161,12 @@ TABLES = [
 # Tables used on part of their interval only: erfc stops at x = 26.6.
 USED = {"s15ad": (-1.0, 1 - 7.5 / (26.6 + 3.75))}
 
+# Tables held to an exact value at one end: erfc(0) = 1 at t = -1.  The
+# truncated, rounded expansion misses it by a unit or two in the last place,
+# which would show in erfc(0), erf's complement and the normal probabilities
+# at 0.
+PIN = {"s15ad": (-1, 1)}
+
 # Tables whose function crosses zero: their error is measured against this
 # magnitude (the size of the terms the routine adds them to) near the zero.
 FLOOR = {"s13aa_0": 0.5, "s13ac_0": 2.0}
@@ -256,6 +262,45 @@ def best_centre(name, n, fn, kind, affine):
     return best[1], best[2]
 
 
+def pin(coefs, centre, at, value):
+    """Rounds the coefficients to double and moves the leading one (the
+    highest power, which weighs most at the end of the interval far from the
+    centre and least near the centre) so that the second-order nested
+    multiplication in double (even and odd powers apart, as the routine
+    evaluates the table) gives `value` exactly at t = `at`: first by the exact defect of
+    the rounded polynomial, then by steps worth a quarter of a unit in the
+    last place of `value` until the double evaluation agrees."""
+    import math
+    from fractions import Fraction
+    c = [float(a) for a in coefs]
+    s = float(at - centre)
+    weight = s ** (len(c) - 1)
+    exact = Fraction(0)
+    for a in c:
+        exact = exact * Fraction(s) + Fraction(a)
+    c[0] = float(Fraction(c[0]) + (Fraction(value) - exact) / Fraction(weight))
+    for _ in range(64):
+        got = horner2(c, s)
+        if got == value:
+            return c
+        c[0] += math.ulp(value) / 4 / weight * (-1 if got > value else 1)
+    raise RuntimeError("pin did not settle")
+
+
+def horner2(coefs, t):
+    """Second-order Horner in double, as poly2 in specfun/detail/series.hpp."""
+    t2 = t * t
+    a, b = coefs[0], coefs[1]
+    k = 2
+    while k + 1 < len(coefs):
+        a = a * t2 + coefs[k]
+        b = b * t2 + coefs[k + 1]
+        k += 2
+    if k < len(coefs):
+        return (a * t2 + coefs[k]) + b * t
+    return a * t + b
+
+
 def horner(coefs, t):
     p = coefs[0]
     for a in coefs[1:]:
@@ -291,6 +336,29 @@ def check(name, n, fn, kind, affine, coefs, centre=0, points=2000):
     return worst
 
 
+FADDEEVA_NODES = 17
+
+
+def faddeeva_table():
+    """Nodes and weights of the trapezoidal rule of step h = pi/7 for
+    w(z) = (i/pi) int exp(-t^2)/(z - t) dt: the nodes k h and the midpoints
+    (k + 1/2) h, k = 0..16, rounded to double, and the weights
+    (h/pi) exp(-t^2) = exp(-t^2)/7 at the rounded nodes, so that the rule is
+    the exact trapezoidal sum over the nodes it uses."""
+    lines = []
+    lines.append("// The trapezoidal rule of step pi/7 for w(z) = (i/pi) int exp(-t^2)/(z - t) dt:")
+    lines.append(f"// nodes k pi/7 and midpoints (k + 1/2) pi/7, k = 0..{FADDEEVA_NODES - 1}, rounded to double, with")
+    lines.append(f"// the weights exp(-t^2)/7 at the rounded nodes, from mpmath at {WORKING_DPS} digits.")
+    for name, shift in (("faddeeva_nodes", 0), ("faddeeva_midpoints", mp.mpf(1) / 2)):
+        lines.append(f"inline constexpr std::array<std::array<double, 2>, {FADDEEVA_NODES}> {name} = {{{{")
+        for k in range(FADDEEVA_NODES):
+            t = float((k + shift) * mp.pi / 7)
+            c = mp.exp(-mp.mpf(t) ** 2) / 7
+            lines.append(f"    {{{t!r}, {float(c)!r}}},")
+        lines.append("}};")
+    return lines
+
+
 def main():
     if "--check" in sys.argv:
         for name, n, fn, comment, kind, affine in TABLES:
@@ -313,6 +381,8 @@ def main():
     print("namespace zil::sf::coef {")
     for name, n, fn, comment, kind, affine in TABLES:
         centre, coefs = best_centre(name, n, fn, kind, affine)
+        if name in PIN:
+            coefs = pin(coefs, centre, *PIN[name])
         if kind == "cheb":
             what = "Chebyshev coefficients"
         elif centre:
@@ -320,7 +390,10 @@ def main():
         else:
             what = "powers of the variable, highest first"
         print()
-        print(f"// {comment}: {n}-term Chebyshev expansion on [-1, 1], {what}.")
+        pinned = ""
+        if name in PIN:
+            pinned = f" The leading coefficient is moved so that t = {PIN[name][0]} gives {PIN[name][1]} exactly."
+        print(f"// {comment}: {n}-term Chebyshev expansion on [-1, 1], {what}.{pinned}")
         if kind != "cheb" and not affine:
             print(f"inline constexpr double {name}_centre = {float(centre)!r};")
         print(f"inline constexpr std::array<double, {n}> {name} = {{")
@@ -335,6 +408,9 @@ def main():
     for cs in temme_coefficients(TEMME_TERMS, TEMME_DEGREE):
         print("    {" + ", ".join(repr(float(v)) for v in reversed(cs)) + "},")
     print("}};")
+    print()
+    for line in faddeeva_table():
+        print(line)
     print()
     print("}  // namespace zil::sf::coef")
 

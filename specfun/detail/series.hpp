@@ -31,6 +31,25 @@ constexpr double poly(const std::array<double, N>& c, double s) {
   return p;
 }
 
+// The same polynomial by second-order Horner: the even and the odd powers
+// as two nested multiplications in s^2 that run side by side, which halves
+// the chain of dependent operations of a long table.
+template <std::size_t N>
+constexpr double poly2(const std::array<double, N>& c, double s) {
+  static_assert(N >= 3);
+  const double s2 = s * s;
+  // c[0] s^(N-1) + ...: the chain that ends in the constant term and the
+  // chain that ends in the linear one.
+  double a = c[0], b = c[1];
+  std::size_t k = 2;
+  for (; k + 1 < N; k += 2) {
+    a = a * s2 + c[k];
+    b = b * s2 + c[k + 1];
+  }
+  if (k < N) return (a * s2 + c[k]) + b * s;  // N odd: a ends in the constant
+  return a * s + b;                           // N even: b ends in the constant
+}
+
 // A generated table kept about its centre (see coefficients.hpp), at t.
 template <std::size_t N>
 constexpr double series(const std::array<double, N>& c, double centre, double t) {
@@ -44,7 +63,9 @@ constexpr double clenshaw(const std::array<double, N>& c, double t) {
   for (std::size_t k = N; k-- > 0;) {
     b2 = b1;
     b1 = b0;
-    b0 = t * b1 - b2 + c[k];
+    // c(k) - b(k+2) is ready before t b(k+1): the step waits on one
+    // multiplication and one addition only.
+    b0 = t * b1 + (c[k] - b2);
   }
   return (b0 - b2) * 0.5;
 }
@@ -54,6 +75,13 @@ struct Twofold {
   double hi;
   double lo;
 };
+
+// a+b exactly (Knuth's two-sum, for operands of any order of size).
+inline Twofold two_sum(double a, double b) {
+  const double s = a + b;
+  const double bb = s - a;
+  return {s, (a - (s - bb)) + (b - bb)};
+}
 
 // a*b exactly, by Dekker's splitting (no fused multiply-add is assumed);
 // valid while neither factor is near the overflow limit.

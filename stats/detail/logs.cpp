@@ -12,6 +12,7 @@ namespace {
 constexpr double kLnSqrt2Pi = 0.91893853320467274178;
 
 double log_gamma(double x) { return sf::log_gamma(x).value; }
+using sf::log1pmx;
 
 // ln Gamma(a + b) - ln Gamma(b) for b >= 10 by Stirling's form, in which the
 // (b - 1/2) ln b terms have been cancelled by hand.
@@ -21,21 +22,6 @@ double log_gamma_shift(double a, double b) {
 }
 
 }  // namespace
-
-double log1pmx(double y) {
-  if (std::fabs(y) > 0.5) return std::log1p(y) - y;
-  // ln(1 + y) = 2 artanh s with s = y / (2 + y), and y = 2s / (1 - s), so
-  // ln(1 + y) - y = -s y + 2 (s^3/3 + s^5/5 + ...), with |s| <= 1/3.
-  const double s = y / (2.0 + y), s2 = s * s;
-  double power = s, sum = 0.0;
-  for (int k = 3; k < 80; k += 2) {
-    power *= s2;
-    const double add = power / k;
-    sum += add;
-    if (std::fabs(add) <= 1e-17 * std::fabs(sum)) break;
-  }
-  return 2.0 * sum - s * y;
-}
 
 double stirling_tail(double z) {
   if (z < 10.0) return log_gamma(z) - (z - 0.5) * std::log(z) + z - kLnSqrt2Pi;

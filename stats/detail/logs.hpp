@@ -7,9 +7,6 @@
 
 namespace zil::stats {
 
-// ln(1 + y) - y, accurate also for small y.
-double log1pmx(double y);
-
 // Stirling's remainder ln Gamma(z) - (z - 1/2) ln z + z - ln sqrt(2 pi).
 double stirling_tail(double z);
 

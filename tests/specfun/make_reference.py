@@ -101,6 +101,7 @@ def main():
             rows.append(((a, x), (pa, qa)))
     write("s14bac", rows)
     polygamma_tables()
+    faddeeva_table()
 
 
 def polygamma_tables():
@@ -160,6 +161,39 @@ def polygamma_tables():
         scale = abs(mp.loggamma(1 - z)) if x < 0.5 else 1
         rows.append(((x, y), (v.real, v.imag, max(abs(v), scale))))
     write("s14agc", rows)
+
+
+def faddeeva_table():
+    """w(z) = exp(-z^2) erfc(-iz) over the plane, with both sides of the
+    switches of the method (Im z = 7, the nodes and midpoints k pi/14 of the
+    trapezoidal rule, |z| = 1e8) and the real and imaginary axes.  In the
+    lower half plane, where w(z) = 2 exp(-z^2) - w(-z), the scale is the
+    larger of |w(z)| and |w(-z)|; points whose |w| would overflow are left
+    out (the failure tests take them)."""
+    rng.seed(20240602)
+    pts = []
+    for _ in range(400):
+        r = math.exp(rng.uniform(math.log(1e-4), math.log(1e5)))
+        t = rng.uniform(-math.pi, math.pi)
+        pts.append((r * math.cos(t), r * math.sin(t)))
+    pts += [(rng.uniform(-30, 30), rng.uniform(-1e-3, 1e-3)) for _ in range(100)]
+    pts += [(rng.uniform(-8, 8), rng.uniform(-6, 8)) for _ in range(200)]
+    pts += [(x, y) for x in (0.0, 0.5, 3.0, -12.0) for y in around(7.0)]
+    pts += [(k * math.pi / 14 + d, y) for k in range(0, 40, 3) for d in (-1e-9, 0.0, 1e-9) for y in (0.0, 1e-3, 0.3)]
+    pts += [(x, 0.0) for x in logspace(1e-300, 1e300, 40)] + [(0.0, y) for y in sym(logspace(1e-300, 26, 40))]
+    pts += [(1e8 * math.cos(t), 1e8 * math.sin(t)) for t in (0.1, 1.0, 2.0)]
+    pts += [(x, 1e-3) for x in around(1e8)]
+    rows = []
+    for x, y in pts:
+        z = mp.mpc(x, y)
+        v = mp.exp(-z * z) * mp.erfc(-1j * z)
+        if abs(v) > 1e300:
+            continue
+        scale = abs(v)
+        if y < 0:
+            scale = max(scale, abs(mp.exp(-z * z) * mp.erfc(1j * z)))
+        rows.append(((x, y), (v.real, v.imag, scale)))
+    write("s15ddc", rows)
 
 
 if __name__ == "__main__":

@@ -79,4 +79,22 @@ TEST(InnerByValue, NoisyFailuresPrintTheirMessages) {
   }
 }
 
+TEST(InnerByValue, IncompleteGammaPairAndItsFailures) {
+  ZilError e = {};
+  double p1, q1, p2, q2;
+  Integer ifail = 1;
+  zil::s14baf_f(3.5, 2.0, 0.0, p1, q1, ifail);
+  s14bac(3.5, 2.0, 0.0, &p2, &q2, &e);
+  EXPECT_EQ(ifail, 0);
+  EXPECT_EQ(p1, p2);
+  EXPECT_EQ(q1, q2);
+  ifail = 1;
+  EXPECT_EQ(stdout_of([&] { zil::s14baf_f(0.0, 2.0, 0.0, p1, q1, ifail); }), "");
+  EXPECT_EQ(ifail, 1);
+  ifail = -1;
+  const std::string out = stdout_of([&] { zil::s14baf_f(1.0, -2.0, 0.0, p1, q1, ifail); });
+  EXPECT_EQ(ifail, 2);
+  EXPECT_EQ(out, soft_report(" ** On entry, X .lt. 0.0: X =  -2.00000e+00", "S14BAF", 2));
+}
+
 }  // namespace
