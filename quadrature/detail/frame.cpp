@@ -18,21 +18,21 @@ Integer compare_doubles(const void* x, const void* y) {
 // The one place that puts the result records in order of their left end:
 // rank the left ends, turn the ranks into an index, and rearrange the four
 // arrays by it.  Ties keep their order, which the rank sort guarantees.
-void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n) {
+// index: n Integers of scratch (the loop's iord, no longer needed).
+void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n,
+                       Integer* index) {
   if (n < 2) return;
-  Workspace<Integer> index(n);
-  if (!index) return;  // the record stays valid, only unordered
   ZilError local{};
   const auto count = static_cast<std::size_t>(n);
-  m01dsc(lo, count, sizeof(double), compare_doubles, Zil_Ascending, index.get(), &local);
-  m01zac(index.get(), count, &local);
-  for (double* v : {lo, up, res, err}) m01esc(v, count, sizeof(double), sizeof(double), index.get(), &local);
+  m01dsc(lo, count, sizeof(double), compare_doubles, Zil_Ascending, index, &local);
+  m01zac(index, count, &local);
+  for (double* v : {lo, up, res, err}) m01esc(v, count, sizeof(double), sizeof(double), index, &local);
 }
 
 void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {
   for (double* v : {lo_.get(), up_.get(), res_.get(), err_.get()})
     std::fill(v + count, v + n_, 0.0);
-  order_by_left_end(lo_.get(), up_.get(), res_.get(), err_.get(), count);
+  order_by_left_end(lo_.get(), up_.get(), res_.get(), err_.get(), count, iord_.get());
   qp->subint_count = count;
   qp->eval_count = evals;
   qp->subint_lower = lo_.release();

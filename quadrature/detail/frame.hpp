@@ -45,8 +45,10 @@ class ResultLists {
   bool levels_;
 };
 
-// Sorts the first n entries of the four arrays by the left end.
-void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n);
+// Sorts the first n entries of the four arrays by the left end, with n
+// Integers of scratch in index.
+void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n,
+                       Integer* index);
 
 // The published round-off counters skip a bisection where either half's error
 // equals its resasc: the rule saw nothing to judge by there.
