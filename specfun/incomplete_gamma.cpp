@@ -17,20 +17,9 @@
 
 namespace zil::sf {
 
-namespace {
-
-constexpr int kIterationLimit = 600;
-
-// The exponents of the front factor and of Temme's expansion reach several
-// hundred in the tails, and exp passes an absolute error in its argument on
-// as a relative one: they are formed in the extended format, whose 64-bit
-// significand leaves them an error well below 2^-53 of the result.
-using Wide = long double;
-static_assert(std::numeric_limits<Wide>::digits >= 64, "the exponents need an extended format");
-
-// ln(1 + y) - y to the extended precision.  Near 0, where the two terms
-// cancel, through z = y/(2 + y): ln(1 + y) = 2 artanh z and y = 2z/(1 - z)
-// give ln(1 + y) - y = -z y + 2 (z^3/3 + z^5/5 + ...), |z| <= 1/3.
+// ln(1 + y) - y.  Near 0, where the two terms cancel, through
+// z = y/(2 + y): ln(1 + y) = 2 artanh z and y = 2z/(1 - z) give
+// ln(1 + y) - y = -z y + 2 (z^3/3 + z^5/5 + ...), |z| <= 1/3.
 Wide log1pmx_wide(Wide y) {
   if (std::fabs(y) > 0.5L) return std::log1p(y) - y;
   const Wide z = y / (2.0L + y), z2 = z * z;
@@ -44,6 +33,15 @@ Wide log1pmx_wide(Wide y) {
   return 2.0L * sum - z * y;
 }
 
+double exp_minus(Wide e) {
+  const double hi = static_cast<double>(e);
+  return std::exp(-hi) * (1.0 - static_cast<double>(e - hi));
+}
+
+namespace {
+
+constexpr int kIterationLimit = 600;
+
 // a phi = a (lambda - 1 - ln lambda), lambda = x/a.  Away from lambda = 1
 // ln lambda is taken of the quotient itself, whose rounding is a relative
 // one, rather than of 1 + (lambda - 1), which would turn the rounding of
@@ -52,12 +50,6 @@ Wide a_phi(double a, double x) {
   const Wide mu = (Wide(x) - a) / a;
   if (std::fabs(mu) <= 0.5L) return -a * log1pmx_wide(mu);
   return a * (mu - std::log(Wide(x) / a));
-}
-
-// exp(-e) for an exponent carried in the extended format.
-double exp_minus(Wide e) {
-  const double hi = static_cast<double>(e);
-  return std::exp(-hi) * (1.0 - static_cast<double>(e - hi));
 }
 
 // ln Gamma*(a) = ln Gamma(a) - Stirling's leading terms, for a > 15.

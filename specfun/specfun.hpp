@@ -4,6 +4,7 @@
 #pragma once
 
 #include <complex>
+#include <limits>
 
 #include "zil_types.h"
 
@@ -26,6 +27,15 @@ double tanh(double x);
 double arsinh(double x);
 // ln(1 + y) - y, with full relative accuracy also where the terms cancel.
 double log1pmx(double y);
+
+// The exponents of front factors such as x^a exp(-x) reach several hundred
+// in the tails, and exp passes an absolute error in its argument on as a
+// relative one: they are formed in the extended format, whose 64-bit
+// significand leaves them an error well below 2^-53 of the result.
+using Wide = long double;
+static_assert(std::numeric_limits<Wide>::digits >= 64, "the exponents need an extended format");
+Wide log1pmx_wide(Wide y);
+double exp_minus(Wide e);  // exp(-e), rounded once to double
 
 // Kernels of the routines that can fail: the value, and the failure number
 // of the inner form (0 on success).

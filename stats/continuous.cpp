@@ -45,11 +45,21 @@ double fix_tol(double tol) {
   return (tol < floor || !(tol < 1.0)) ? floor : tol;
 }
 
+// erfc(r x), r = 1/sqrt(2).  erfc turns an error in its argument h into a
+// relative one 2 h^2 times larger: below |x| = 4 the rounding of r x costs
+// at most 2e-15, beyond it the argument is carried as a value and its
+// rounding error (1.5e-13 saved at a tail of 1e-300).
+namespace {
+double half_erfc(double x) {
+  return std::fabs(x) < 4.0 ? 0.5 * sf::erfc(kRootHalf * x) : sf::normal_cdf_upper(x);
+}
+}  // namespace
+
 double normal_prob(Tail tail, double x) {
   switch (tail) {
-    case Tail::Lower: return 0.5 * sf::erfc(-kRootHalf * x);
-    case Tail::Upper: return 0.5 * sf::erfc(kRootHalf * x);
-    case Tail::Signif: return sf::erfc(kRootHalf * std::fabs(x));
+    case Tail::Lower: return half_erfc(-x);
+    case Tail::Upper: return half_erfc(x);
+    case Tail::Signif: return 2.0 * half_erfc(std::fabs(x));
     default: return sf::erf(kRootHalf * std::fabs(x));
   }
 }
@@ -158,14 +168,14 @@ Beta beta_prob(double x, double a, double b, double tol) {
       break;
     }
   }
-  const double lfront = log_beta_front(a, b, xs, ys, lx, ly, !swapped) - ly;
+  const Wide lfront = log_beta_front(a, b, xs, ys, lx, ly, !swapped) - ly;
   Beta r{};
   if (lfront < std::log(x02akc())) {
     r = {swapped ? 1.0 : 0.0, swapped ? 0.0 : 1.0, 0.0, Fault::CloseToTail};
     return r;
   }
-  r.p = std::clamp(std::exp(lfront) * sum / a, 0.0, 1.0);
-  r.pdf = std::exp(lfront - lx);
+  r.p = std::clamp(sf::exp_minus(-lfront) * sum / a, 0.0, 1.0);
+  r.pdf = sf::exp_minus(lx - lfront);
   r.q = 1.0 - r.p;
   r.fault = fault;
   if (swapped) std::swap(r.p, r.q);

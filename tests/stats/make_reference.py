@@ -116,6 +116,9 @@ for n, p in [(10, 0.3), (50, 0.5), (200, 0.9), (1000, 0.01), (1000, 0.73), (1000
     for k in sorted(ks):
         if 0 <= k < n:
             rows.append(binom_row(n, p, k))
+# deep tails, down to about 1e-300
+for n, p, k in [(1000, 0.5, 3), (2000, 0.3, 1390), (1000000, 0.5, 482000), (1000000, 0.5, 518400)]:
+    rows.append(binom_row(n, p, k))
 write("binomial.txt", "n p k plek pgtk peqk", rows)
 
 # ---- Poisson: lambda k plek pgtk peqk -------------------------------------
@@ -148,6 +151,9 @@ for lam in [1e-3, 0.5, 3.0, 25.0, 400.0, 12345.5, 999999.0]:
     for k in sorted(ks):
         if k >= 0:
             rows.append(pois_row(lam, k))
+# deep tails, down to about 1e-300
+for lam, k in [(400.0, 1300), (1000.0, 100), (30.0, 400), (500000.0, 474548), (500000.5, 525600)]:
+    rows.append(pois_row(lam, k))
 write("poisson.txt", "lambda k plek pgtk peqk", rows)
 
 # ---- hypergeometric: n l m k plek pgtk peqk -------------------------------
@@ -174,6 +180,9 @@ for n, l, m in [(20, 7, 12), (100, 30, 50), (1000, 10, 900), (5000, 2500, 1000),
     for k in sorted(ks):
         if lo <= k <= hi:
             rows.append(hyper_row(n, l, m, k))
+# deep tails, down to about 1e-300
+for n, l, m, k in [(10000, 5000, 5000, 3400), (10000, 5000, 5000, 1600), (200000, 100000, 4000, 920)]:
+    rows.append(hyper_row(n, l, m, k))
 write("hypergeometric.txt", "n l m k plek pgtk peqk", rows)
 
 # ---- Student's t: t df lower ----------------------------------------------
