@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <functional>
 #include <limits>
 #include <string>
 
 #include "stats/stats.hpp"
+#include "tests/frame/frame_test.hpp"
 #include "zil.h"
 
 namespace {
@@ -187,6 +190,43 @@ TEST(InnerTwins, NumbersAndValues) {
   ifail = 1;
   EXPECT_EQ(zil::G01FBF('c', 0.95, 12.0, ifail), g01fbc(Zil_TwoTailConfid, 0.95, 12.0, nullptr));
   EXPECT_EQ(ifail, 0);
+}
+
+// With ifail = -1 a twin prints its message and the closing lines of a soft
+// failure on the standard output, and returns.
+TEST(InnerTwins, PrintedMessages) {
+  double p, q, pdf;
+  struct Case {
+    const char* srname;
+    Integer number;
+    const char* message;
+    std::function<void(Integer&)> call;
+  } cases[] = {
+      {"G01EAF", 1, " ** On entry, TAIL is an invalid character : TAIL = x",
+       [](Integer& i) { zil::G01EAF('x', 1.0, i); }},
+      {"G01EBF", 2, " ** On entry, DF.lt.1.0: DF =   5.00000e-01", [](Integer& i) { zil::G01EBF('L', 1.0, 0.5, i); }},
+      {"G01EEF", 2, " ** On entry, X.gt.1.0: X =   1.50000e+00",
+       [&](Integer& i) { zil::G01EEF(1.5, 3.0, 2.0, 0.0, p, q, pdf, i); }},
+      {"G01EDF", 5, " ** F is too far out into the tails for accurate calculation",
+       [](Integer& i) { zil::G01EDF('L', 0.01, 500.0, 900.0, i); }},
+      // n < 0, p <= 0, p >= 1, k < 0, k > n, n too large, the variance
+      {"G01BJF", 5, " ** On entry, K.gt.N: K = 11, N = 10", [&](Integer& i) { zil::G01BJF(10, 0.5, 11, p, q, pdf, i); }},
+      {"G01BJF", 7, " ** On entry, the variance n*p*(1.0-p) =   2.50000e+06 exceeds 1.0e6",
+       [&](Integer& i) { zil::G01BJF(10000000, 0.5, 0, p, q, pdf, i); }},
+      {"G01BKF", 3, " ** On entry, RLAMDA.gt.1.0e6: RLAMDA =   2.00000e+06",
+       [&](Integer& i) { zil::G01BKF(2e6, 3, p, q, pdf, i); }},
+      {"G01BLF", 9, " ** On entry, K = 4, but the constraint is k >= l + m - n",
+       [&](Integer& i) { zil::G01BLF(10, 8, 7, 4, p, q, pdf, i); }},
+  };
+  for (const Case& c : cases) {
+    Integer ifail = -1;
+    const std::string out = zil_test::stdout_of([&] { c.call(ifail); });
+    char closing[96];
+    std::snprintf(closing, sizeof closing, " ** ABNORMAL EXIT from ZIL Library routine %s: IFAIL =%6d **\n", c.srname,
+                  static_cast<int>(c.number));
+    EXPECT_EQ(ifail, c.number) << c.message;
+    EXPECT_EQ(out, std::string(c.message) + "\n" + closing + " ** ZIL soft failure - control returned\n");
+  }
 }
 
 }  // namespace
