@@ -6,8 +6,8 @@
 //
 // The exponents are returned in the extended format (sf::Wide): exp turns
 // an absolute error in its argument into a relative one, and at a tail of
-// 1e-300 the argument is near -690, where a double carries 7.7e-14 of
-// rounding on its own.
+// 1e-300 the argument is near -690, whose rounding to a double alone can
+// cost 5.7e-14.
 #pragma once
 
 #include "specfun/specfun.hpp"
