@@ -36,13 +36,17 @@ void powers(Integer k, Integer fm, double* wr, double* wi) {
 // groups and held on the stack for it.  Sweeping once per chunk rather than
 // once per index keeps the late passes, where m is small and the groups
 // many, from streaming the whole array through the cache for every k.
+// They are stored index-innermost, so that two neighbouring indices find
+// theirs side by side.
 inline constexpr Integer kChunk = 16;
 
 template <int F>
 struct Chunk {
   Integer first = 0, end = 0;  // indices k in [first, end)
-  double wr[kChunk][F], wi[kChunk][F];  // exp(-i*l*angle(k))
-  double pr[kChunk][F], pi[kChunk][F];  // the same for m-k
+  Integer pair_end = 0;        // k in [max(first, 1), pair_end) has a partner m-k
+  double wr[F][kChunk], wi[F][kChunk];  // exp(-i*q*angle(k)) at [q][k - first]
+  // The same for m-k, at [q][pair_end - 1 - k]: ascending with m-k.
+  double pr[F][kChunk], pi[F][kChunk];
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
   // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
@@ -50,20 +54,55 @@ struct Chunk {
   void fill(Integer start, Integer m, const double* rc, const double* rs) {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
+    pair_end = std::min<Integer>(end, (m + 1) / 2);
     for (Integer k = std::max<Integer>(first, 1); k < end; ++k) {
-      double* w_r = wr[k - first];
-      double* w_i = wi[k - first];
+      double w_r[F], w_i[F];
       powers<F>(k, F * m, w_r, w_i);
-      if (!rc) continue;
       for (int q = 1; q < F; ++q) {
-        pr[k - first][q] = rc[q] * w_r[q] - rs[q] * w_i[q];
-        pi[k - first][q] = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        wr[q][k - first] = w_r[q];
+        wi[q][k - first] = w_i[q];
+      }
+      if (!rc || k >= pair_end) continue;
+      const Integer i = pair_end - 1 - k;
+      for (int q = 1; q < F; ++q) {
+        pr[q][i] = rc[q] * w_r[q] - rs[q] * w_i[q];
+        pi[q][i] = -rc[q] * w_i[q] - rs[q] * w_r[q];
       }
     }
   }
 };
 
+using Column = const double (*)[kChunk];
+
 // ---- Complex passes: decimation in frequency, twiddles after --------------
+
+// The butterfly at offset o (and o+1 when T is a Pair), its twiddles in
+// column i of wr, wi; null tables for the trivial twiddle at k = 0, which
+// costs no multiplication.
+template <class T, class D>
+[[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
+                                                     Integer o, Column wr, Column wi, Integer i) {
+  constexpr int F = D::f;
+  T re[F], im[F];
+  for (int l = 0; l < F; ++l) {
+    re[l] = load<T>(x + o + l * m);
+    im[l] = load<T>(y + o + l * m);
+  }
+  dft(re, im);
+  store(x + o, re[0]);
+  store(y + o, im[0]);
+  for (int q = 1; q < F; ++q) {
+    const Integer t = o + D::place(q) * m;
+    if (wr) {
+      const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
+      store(x + t, re[q] * cr - im[q] * ci);
+      store(y + t, re[q] * ci + im[q] * cr);
+    } else {
+      store(x + t, re[q]);
+      store(y + t, im[q]);
+    }
+  }
+}
 
 template <class D>
 void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
@@ -73,45 +112,28 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   roots(F, rc, rs);
   Chunk<F> c;
 
-  // The butterfly at offset o; tr, ti are null for the trivial twiddle at
-  // k = 0, which costs no multiplication.
-  auto butterfly = [&](Integer o, const double* tr, const double* ti) {
-    double re[F], im[F];
-    for (int l = 0; l < F; ++l) {
-      re[l] = x[o + l * m];
-      im[l] = y[o + l * m];
-    }
-    dft(re, im);
-    x[o] = re[0];
-    y[o] = im[0];
-    for (int q = 1; q < F; ++q) {
-      const Integer t = o + D::place(q) * m;
-      if (tr) {
-        x[t] = re[q] * tr[q] - im[q] * ti[q];
-        y[t] = re[q] * ti[q] + im[q] * tr[q];
-      } else {
-        x[t] = re[q];
-        y[t] = im[q];
-      }
-    }
+  // The butterflies of len consecutive indices from o, two at a time.
+  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i) {
+    Integer a = 0;
+    for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
+    if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, rc, rs);
-    for (Integer g = 0; g < n; g += fm)
-      for (Integer k = c.first; k < c.end; ++k) {
-        const Integer i = k - c.first;
-        if (k == 0) {
-          butterfly(g, nullptr, nullptr);
-          continue;
-        }
-        butterfly(g + k, c.wr[i], c.wi[i]);
-        if (2 * k < m) butterfly(g + m - k, c.pr[i], c.pi[i]);
-      }
+    const Integer k0 = std::max<Integer>(first, 1);
+    for (Integer g = 0; g < n; g += fm) {
+      if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
+      run(g + k0, c.end - k0, c.wr, c.wi, k0 - first);
+      run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
+    }
   }
 }
 
 // ---- Real passes: decimation in time, twiddles before ---------------------
+// The per-index steps of the real and Hermitian passes are lambdas forced
+// inline for the same reason as the butterflies: left to itself the
+// compiler calls them out of line, and their f values go through memory.
 // The f blocks of length m of a group hold transforms Z(l) in the Hermitian
 // layout (block l at place(l)); they become one block of length f*m,
 // Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
@@ -124,7 +146,7 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   Chunk<F> c;
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
-  auto first_index = [&](Integer g) {
+  auto first_index = [&](Integer g) __attribute__((always_inline)) {
     for (int l = 0; l < F; ++l) {
       re[l] = x[g + D::place(l) * m];
       im[l] = 0.0;
@@ -140,14 +162,14 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
   // conjugate is stored at f*m - (k + q*m).
-  auto inner_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+  auto inner_index = [&](Integer g, Integer k, Integer i) __attribute__((always_inline)) {
     re[0] = x[g + k];
     im[0] = x[g + m - k];
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
       const double a = x[b + k], d = x[b + m - k];
-      re[l] = a * wr[l] - d * wi[l];
-      im[l] = a * wi[l] + d * wr[l];
+      re[l] = a * c.wr[l][i] - d * c.wi[l][i];
+      im[l] = a * c.wi[l][i] + d * c.wr[l][i];
     }
     dft(re, im);
     for (int q = 0; q < F; ++q) {
@@ -163,13 +185,13 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   };
 
   // k = m/2: real inputs; outputs q and f-1-q are conjugates.
-  auto middle_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+  auto middle_index = [&](Integer g, Integer k, Integer i) __attribute__((always_inline)) {
     re[0] = x[g + k];
     im[0] = 0.0;
     for (int l = 1; l < F; ++l) {
       const double a = x[g + D::place(l) * m + k];
-      re[l] = a * wr[l];
-      im[l] = a * wi[l];
+      re[l] = a * c.wr[l][i];
+      im[l] = a * c.wi[l][i];
     }
     dft(re, im);
     for (int q = 0; 2 * q + 1 < F; ++q) {
@@ -188,9 +210,9 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
         if (k == 0)
           first_index(g);
         else if (2 * k < m)
-          inner_index(g, k, c.wr[i], c.wi[i]);
+          inner_index(g, k, i);
         else
-          middle_index(g, k, c.wr[i], c.wi[i]);
+          middle_index(g, k, i);
       }
   }
 }
@@ -209,7 +231,7 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
   Chunk<F> c;
 
   // Reads Z(r + l*m) from the group's Hermitian layout.
-  auto load = [&](Integer g, Integer r) {
+  auto read_group = [&](Integer g, Integer r) __attribute__((always_inline)) {
     for (int l = 0; l < F; ++l) {
       const Integer kk = r + l * m;
       if (2 * kk < fm) {
@@ -225,8 +247,9 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
     }
   };
 
-  auto butterfly = [&](Integer g, Integer r, const double* wr, const double* wi) {
-    load(g, r);
+  auto butterfly = [&](Integer g, Integer r) __attribute__((always_inline)) {
+    const Integer i = r - c.first;
+    read_group(g, r);
     dft(re, im);
     if (r == 0) {
       for (int q = 0; q < F; ++q) x[g + D::place(q) * m] = re[q];
@@ -237,15 +260,15 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
     if (!middle) x[g + m - r] = im[0];
     for (int q = 1; q < F; ++q) {
       const Integer b = g + D::place(q) * m;
-      x[b + r] = re[q] * wr[q] - im[q] * wi[q];
-      if (!middle) x[b + m - r] = re[q] * wi[q] + im[q] * wr[q];
+      x[b + r] = re[q] * c.wr[q][i] - im[q] * c.wi[q][i];
+      if (!middle) x[b + m - r] = re[q] * c.wi[q][i] + im[q] * c.wr[q][i];
     }
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
     for (Integer g = 0; g < n; g += fm)
-      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r, c.wr[r - c.first], c.wi[r - c.first]);
+      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r);
   }
 }
 
