@@ -295,26 +295,67 @@ void with_radix(Integer f, Fn&& fn) {
 // respect to the stage list, first pass most significant) are those of k
 // read backwards.  Both stages move element p to rev(p).
 
+// The square stage, tiled in the manner of Carter and Gatlin's cache-optimal
+// bit reversal (1998): an index is (a, mid, b), with a its leading t digits,
+// b its trailing t digits (the same radices in mirror order, product T) and
+// mid the rest.  rev takes it to (rb(b), rev(mid), ra(a)), so for one pair
+// mid, rev(mid) the T*T elements of rows a, columns b are swapped with the
+// T*T elements of rows rb, columns ra: two tiles that stay in the cache,
+// where walking the indices in order would touch a new line on every swap
+// once n is large.  The list is symmetric, so rev is an involution and each
+// pair is swapped once.
+inline constexpr long kTile = 16;
+
 template <class Data>
 void reorder_squares(long n, const Integer* digit, Data& data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
-  // The list is symmetric, so rev is an involution: swap each pair once.
-  long weight[kListSize];  // weight of digit i in rev(p): product of the digits before it
-  long count[kListSize] = {};
-  weight[0] = 1;
-  for (int i = 1; i < len; ++i) weight[i] = weight[i - 1] * digit[i - 1];
-  const long last = digit[len - 1], step = weight[len - 1];
-  long r = 0;
-  for (long p = 0; p < n;) {
-    for (long a = 0; a < last; ++a, ++p, r += step)
-      if (p < r) data.swap(p, r);
-    r -= last * step;
-    for (int i = len - 2; i >= 0; --i) {
-      r += weight[i];
+  int t = 0;
+  long tile = 1;
+  while (2 * (t + 1) <= len && tile * digit[t] <= kTile) tile *= digit[t++];
+  if (t == 0) {  // a leading radix above the tile: one row and column at a time
+    t = 1;
+    tile = digit[0];
+  }
+  // ra[a]: the leading digits of a (first most significant) read with the
+  // first least significant; rb is its inverse, the map of the trailing part.
+  long ra[std::max(kTile, long{kLargestPrime})], rb[std::max(kTile, long{kLargestPrime})];
+  {
+    long count[kListSize] = {}, w[kListSize];
+    w[0] = 1;
+    for (int i = 1; i < t; ++i) w[i] = w[i - 1] * digit[i - 1];
+    long r = 0;
+    for (long a = 0; a < tile; ++a) {
+      ra[a] = r;
+      rb[r] = a;
+      for (int i = t - 1; i >= 0; --i) {
+        r += w[i];
+        if (++count[i] < digit[i]) break;
+        r -= digit[i] * w[i];
+        count[i] = 0;
+      }
+    }
+  }
+  // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
+  // kept alongside; weight[i] is the weight of digit i in rev(mid).
+  long weight[kListSize], count[kListSize] = {};
+  for (int i = t; i < len - t; ++i) weight[i] = i == t ? 1 : weight[i - 1] * digit[i - 1];
+  const long row = n / tile, mids = row / tile;
+  long rmid = 0;
+  for (long mid = 0; mid < mids; ++mid) {
+    if (mid <= rmid) {
+      const long p0 = mid * tile, q0 = rmid * tile;
+      for (long a = 0; a < tile; ++a)
+        for (long b = 0; b < tile; ++b) {
+          const long p = a * row + p0 + b, q = rb[b] * row + q0 + ra[a];
+          if (mid < rmid || p < q) data.swap(p, q);
+        }
+    }
+    for (int i = len - t - 1; i >= t; --i) {
+      rmid += weight[i];
       if (++count[i] < digit[i]) break;
-      r -= digit[i] * weight[i];
+      rmid -= digit[i] * weight[i];
       count[i] = 0;
     }
   }
