@@ -307,7 +307,7 @@ void with_radix(Integer f, Fn&& fn) {
 inline constexpr long kTile = 16;
 
 template <class Data>
-void reorder_squares(long n, const Integer* digit, Data& data) {
+void reorder_squares(long n, const Integer* digit, Data data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
@@ -504,6 +504,8 @@ struct OneArray {
   void hold(long a) { hx = x[a]; }
   void move(long to, long from) { x[to] = x[from]; }
   void release(long to) { x[to] = hx; }
+  template <class Fn>
+  void each(Fn&& fn) { fn(*this); }
 };
 
 struct TwoArrays {
@@ -525,11 +527,16 @@ struct TwoArrays {
     x[to] = hx;
     y[to] = hy;
   }
+  template <class Fn>
+  void each(Fn&& fn) {
+    fn(OneArray{x});
+    fn(OneArray{y});
+  }
 };
 
 template <class Data>
 void reorder(Integer n, const Factors& fac, Data data) {
-  reorder_squares(n, fac.digit, data);
+  data.each([&](OneArray a) { reorder_squares(n, fac.digit, a); });
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
