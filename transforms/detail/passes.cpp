@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
 #include <utility>
 
 #include "transforms/detail/kernels.hpp"
@@ -76,30 +77,46 @@ using Column = const double (*)[kChunk];
 
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
-// The butterfly at offset o (and o+1 when T is a Pair), its twiddles in
-// column i of wr, wi; null tables for the trivial twiddle at k = 0, which
-// costs no multiplication.
+// The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
+// neighbouring indices, the next group's offset for two trivial
+// butterflies), its twiddles in column i of wr, wi; null tables for the
+// trivial twiddle at k = 0, which costs no multiplication.
 template <class T, class D>
 [[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
-                                                     Integer o, Column wr, Column wi, Integer i) {
+                                                     Integer o, Column wr, Column wi, Integer i,
+                                                     Integer gap = 1) {
   constexpr int F = D::f;
+  auto get = [&](const double* p) __attribute__((always_inline)) {
+    if constexpr (std::is_same_v<T, Pair>)
+      if (gap != 1) return Pair{p[0], p[gap]};
+    return load<T>(p);
+  };
+  auto put = [&](double* p, T v) __attribute__((always_inline)) {
+    if constexpr (std::is_same_v<T, Pair>)
+      if (gap != 1) {
+        p[0] = v[0];
+        p[gap] = v[1];
+        return;
+      }
+    store(p, v);
+  };
   T re[F], im[F];
   for (int l = 0; l < F; ++l) {
-    re[l] = load<T>(x + o + l * m);
-    im[l] = load<T>(y + o + l * m);
+    re[l] = get(x + o + l * m);
+    im[l] = get(y + o + l * m);
   }
   dft(re, im);
-  store(x + o, re[0]);
-  store(y + o, im[0]);
+  put(x + o, re[0]);
+  put(y + o, im[0]);
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
       const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
-      store(x + t, re[q] * cr - im[q] * ci);
-      store(y + t, re[q] * ci + im[q] * cr);
+      put(x + t, re[q] * cr - im[q] * ci);
+      put(y + t, re[q] * ci + im[q] * cr);
     } else {
-      store(x + t, re[q]);
-      store(y + t, im[q]);
+      put(x + t, re[q]);
+      put(y + t, im[q]);
     }
   }
 }
@@ -118,14 +135,26 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
     for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
     if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
   };
+  auto rest = [&](Integer g, Integer k0) {
+    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first);
+    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
+  };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, rc, rs);
     const Integer k0 = std::max<Integer>(first, 1);
-    for (Integer g = 0; g < n; g += fm) {
+    Integer g = 0;
+    // The trivial butterflies of two groups side by side: in the last pass,
+    // where m = 1, they are the whole pass.
+    if (first == 0)
+      for (; g + fm < n; g += 2 * fm) {
+        complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
+        rest(g, k0);
+        rest(g + fm, k0);
+      }
+    for (; g < n; g += fm) {
       if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
-      run(g + k0, c.end - k0, c.wr, c.wi, k0 - first);
-      run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
+      rest(g, k0);
     }
   }
 }
