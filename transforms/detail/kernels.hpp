@@ -35,6 +35,19 @@ template <class T>
 [[gnu::always_inline]] inline void store(double* p, double v) { *p = v; }
 [[gnu::always_inline]] inline void store(double* p, Pair v) { std::memcpy(p, &v, sizeof v); }
 
+// The same for elements p and p-1, in that order: the partner indices m-k
+// of a Hermitian block fall as k rises.
+[[gnu::always_inline]] inline double flip(double v) { return v; }
+[[gnu::always_inline]] inline Pair flip(Pair v) { return Pair{v[1], v[0]}; }
+template <class T>
+[[gnu::always_inline]] inline T load_down(const double* p) {
+  return flip(load<T>(p + 1 - sizeof(T) / sizeof(double)));
+}
+template <class T>
+[[gnu::always_inline]] inline void store_down(double* p, T v) {
+  store(p + 1 - sizeof(T) / sizeof(double), flip(v));
+}
+
 inline constexpr double kTwoPi = 6.283185307179586;
 
 // cos and sin of 2*pi*j/f, j = 0..f-1, evaluated in long double so that

@@ -190,25 +190,28 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
-  // conjugate is stored at f*m - (k + q*m).
-  auto inner_index = [&](Integer g, Integer k, Integer i) __attribute__((always_inline)) {
-    re[0] = x[g + k];
-    im[0] = x[g + m - k];
+  // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1.
+  auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    T zr[F], zi[F];
+    zr[0] = load<T>(x + g + k);
+    zi[0] = load_down<T>(x + g + m - k);
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
-      const double a = x[b + k], d = x[b + m - k];
-      re[l] = a * c.wr[l][i] - d * c.wi[l][i];
-      im[l] = a * c.wi[l][i] + d * c.wr[l][i];
+      const T a = load<T>(x + b + k), d = load_down<T>(x + b + m - k);
+      const T cr = load<T>(&c.wr[l][i]), ci = load<T>(&c.wi[l][i]);
+      zr[l] = a * cr - d * ci;
+      zi[l] = a * ci + d * cr;
     }
-    dft(re, im);
+    dft(zr, zi);
     for (int q = 0; q < F; ++q) {
       const Integer kk = k + q * m;
       if (2 * q < F) {
-        x[g + kk] = re[q];
-        x[g + fm - kk] = im[q];
+        store(x + g + kk, zr[q]);
+        store_down(x + g + fm - kk, zi[q]);
       } else {
-        x[g + fm - kk] = re[q];
-        x[g + kk] = -im[q];
+        store_down(x + g + fm - kk, zr[q]);
+        store(x + g + kk, -zi[q]);
       }
     }
   };
@@ -233,16 +236,14 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
-    for (Integer g = 0; g < n; g += fm)
-      for (Integer k = c.first; k < c.end; ++k) {
-        const Integer i = k - c.first;
-        if (k == 0)
-          first_index(g);
-        else if (2 * k < m)
-          inner_index(g, k, i);
-        else
-          middle_index(g, k, i);
-      }
+    const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
+    for (Integer g = 0; g < n; g += fm) {
+      if (first == 0) first_index(g);
+      Integer k = std::max<Integer>(first, 1);
+      for (; k + 2 <= c.pair_end; k += 2) inner_index(Pair{}, g, k, k - first);
+      if (k < c.pair_end) inner_index(0.0, g, k, k - first);
+      if (middle) middle_index(g, m / 2, m / 2 - first);
+    }
   }
 }
 
