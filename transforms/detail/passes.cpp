@@ -18,14 +18,48 @@
 namespace zil::fft {
 namespace {
 
-// The twiddle of index k in a pass of radix f and span m has the angle
-// k*2*pi/(f*m); its powers exp(-i*l*angle), l < f, come from one sine and
-// cosine by the recurrence w(l) = w(l-1)*w(1).
+// 1/j!, exact in its rounding: j! itself is exact in a double up to 18!.
+constexpr double inverse_factorial(int j) {
+  double f = 1.0;
+  for (int i = 2; i <= j; ++i) f *= i;
+  return 1.0 / f;
+}
+
+// sin and cos of two angles in [0, pi/2] at once.  The libm call, one
+// angle at a time, cost a quarter of a real transform whose last pass has a
+// large span.  An angle above pi/4 is reflected, sin a = cos(pi/2 - a),
+// where pi/2 - a is exact by Sterbenz's lemma before the tail of pi/2 is
+// added; on [0, pi/4] the Taylor series through degree 17 (sine) and 16
+// (cosine) leave a truncation below 1e-19, so the result is within about
+// one unit in the last place.
+inline void sin_cos(Pair a, Pair& s, Pair& c) {
+  constexpr double pio2_hi = 1.5707963267948966, pio2_lo = 6.123233995736766e-17;
+  const auto reflect = a > 0.7853981633974483;
+  const Pair r = reflect ? (pio2_hi - a) + pio2_lo : a;
+  const Pair z = r * r;
+  Pair ps = z * inverse_factorial(17) - inverse_factorial(15);
+  Pair pc = z * inverse_factorial(16) - inverse_factorial(14);
+  for (int j = 6; j >= 1; --j) {
+    const double sign = j % 2 ? -1.0 : 1.0;
+    ps = z * ps + sign * inverse_factorial(2 * j + 1);
+    pc = z * pc + sign * inverse_factorial(2 * j);
+  }
+  const Pair sr = r + r * z * ps, cr = 1.0 + z * pc;
+  s = reflect ? cr : sr;
+  c = reflect ? sr : cr;
+}
+
+// The twiddles of indices k and k1 (the same index twice for one alone) in
+// a pass of radix f and span m: the angle k*2*pi/(f*m), and its powers
+// exp(-i*l*angle), l < f, from one sine and cosine by the recurrence
+// w(l) = w(l-1)*w(1).
 template <int F>
-void powers(Integer k, Integer fm, double* wr, double* wi) {
-  const double angle = static_cast<double>(k) * kTwoPi / static_cast<double>(fm);
-  wr[1] = std::cos(angle);
-  wi[1] = -std::sin(angle);
+[[gnu::always_inline]] inline void powers(Integer k, Integer k1, Integer fm, Pair* wr, Pair* wi) {
+  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k1)} * kTwoPi / static_cast<double>(fm);
+  Pair s, c;
+  sin_cos(angle, s, c);
+  wr[1] = c;
+  wi[1] = -s;
   for (int l = 2; l < F; ++l) {
     wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
     wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
@@ -56,18 +90,23 @@ struct Chunk {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
     pair_end = std::min<Integer>(end, (m + 1) / 2);
-    for (Integer k = std::max<Integer>(first, 1); k < end; ++k) {
-      double w_r[F], w_i[F];
-      powers<F>(k, F * m, w_r, w_i);
+    for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
+      const Integer kk[2] = {k, std::min<Integer>(k + 1, end - 1)};
+      Pair w_r[F], w_i[F];
+      powers<F>(kk[0], kk[1], F * m, w_r, w_i);
+      for (int q = 1; q < F; ++q)
+        for (int lane = 0; lane < 2; ++lane) {
+          wr[q][kk[lane] - first] = w_r[q][lane];
+          wi[q][kk[lane] - first] = w_i[q][lane];
+        }
+      if (!rc) continue;
       for (int q = 1; q < F; ++q) {
-        wr[q][k - first] = w_r[q];
-        wi[q][k - first] = w_i[q];
-      }
-      if (!rc || k >= pair_end) continue;
-      const Integer i = pair_end - 1 - k;
-      for (int q = 1; q < F; ++q) {
-        pr[q][i] = rc[q] * w_r[q] - rs[q] * w_i[q];
-        pi[q][i] = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        const Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        for (int lane = 0; lane < 2; ++lane)
+          if (kk[lane] < pair_end) {
+            pr[q][pair_end - 1 - kk[lane]] = tr[lane];
+            pi[q][pair_end - 1 - kk[lane]] = ti[lane];
+          }
       }
     }
   }
