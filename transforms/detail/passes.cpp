@@ -413,13 +413,16 @@ void reorder_squares(long n, const Integer* digit, Data data) {
   const long row = n / tile, mids = row / tile;
   long rmid = 0;
   for (long mid = 0; mid < mids; ++mid) {
+    // In a tile that is its own image, element (a, b) goes to (rb[b],
+    // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
+    // fixed point): bounding the loop so swaps each pair once with no test
+    // in the loop, whose outcome no branch predictor could follow.
     if (mid <= rmid) {
       const long p0 = mid * tile, q0 = rmid * tile;
-      for (long a = 0; a < tile; ++a)
-        for (long b = 0; b < tile; ++b) {
-          const long p = a * row + p0 + b, q = rb[b] * row + q0 + ra[a];
-          if (mid < rmid || p < q) data.swap(p, q);
-        }
+      for (long b = 0; b < tile; ++b) {
+        const long rows = mid < rmid ? tile : rb[b];
+        for (long a = 0; a < rows; ++a) data.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
+      }
     }
     for (int i = len - t - 1; i >= t; --i) {
       rmid += weight[i];
