@@ -35,6 +35,25 @@ template <class T>
 [[gnu::always_inline]] inline void store(double* p, double v) { *p = v; }
 [[gnu::always_inline]] inline void store(double* p, Pair v) { std::memcpy(p, &v, sizeof v); }
 
+// The same for elements p and p+gap: the trivial butterflies of two
+// neighbouring groups.
+template <class T>
+[[gnu::always_inline]] inline T load(const double* p, long gap) {
+  if constexpr (sizeof(T) == sizeof(Pair))
+    if (gap != 1) return Pair{p[0], p[gap]};
+  return load<T>(p);
+}
+template <class T>
+[[gnu::always_inline]] inline void store(double* p, long gap, T v) {
+  if constexpr (sizeof(T) == sizeof(Pair))
+    if (gap != 1) {
+      p[0] = v[0];
+      p[gap] = v[1];
+      return;
+    }
+  store(p, v);
+}
+
 // The same for elements p and p-1, in that order: the partner indices m-k
 // of a Hermitian block fall as k rises.
 [[gnu::always_inline]] inline double flip(double v) { return v; }

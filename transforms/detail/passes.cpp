@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
-#include <type_traits>
 #include <utility>
 
 #include "transforms/detail/kernels.hpp"
@@ -125,37 +124,23 @@ template <class T, class D>
                                                      Integer o, Column wr, Column wi, Integer i,
                                                      Integer gap = 1) {
   constexpr int F = D::f;
-  auto get = [&](const double* p) __attribute__((always_inline)) {
-    if constexpr (std::is_same_v<T, Pair>)
-      if (gap != 1) return Pair{p[0], p[gap]};
-    return load<T>(p);
-  };
-  auto put = [&](double* p, T v) __attribute__((always_inline)) {
-    if constexpr (std::is_same_v<T, Pair>)
-      if (gap != 1) {
-        p[0] = v[0];
-        p[gap] = v[1];
-        return;
-      }
-    store(p, v);
-  };
   T re[F], im[F];
   for (int l = 0; l < F; ++l) {
-    re[l] = get(x + o + l * m);
-    im[l] = get(y + o + l * m);
+    re[l] = load<T>(x + o + l * m, gap);
+    im[l] = load<T>(y + o + l * m, gap);
   }
   dft(re, im);
-  put(x + o, re[0]);
-  put(y + o, im[0]);
+  store(x + o, gap, re[0]);
+  store(y + o, gap, im[0]);
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
       const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
-      put(x + t, re[q] * cr - im[q] * ci);
-      put(y + t, re[q] * ci + im[q] * cr);
+      store(x + t, gap, re[q] * cr - im[q] * ci);
+      store(y + t, gap, re[q] * ci + im[q] * cr);
     } else {
-      put(x + t, re[q]);
-      put(y + t, im[q]);
+      store(x + t, gap, re[q]);
+      store(y + t, gap, im[q]);
     }
   }
 }
@@ -214,18 +199,22 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   Chunk<F> c;
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
-  auto first_index = [&](Integer g) __attribute__((always_inline)) {
+  // T = Pair does the groups g and g+f*m, which in the first pass, where
+  // m = 1, is the whole pass.
+  auto first_index = [&](auto lanes, Integer g) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    T zr[F], zi[F];
     for (int l = 0; l < F; ++l) {
-      re[l] = x[g + D::place(l) * m];
-      im[l] = 0.0;
+      zr[l] = load<T>(x + g + D::place(l) * m, fm);
+      zi[l] = T{};
     }
-    dft(re, im);
-    x[g] = re[0];
+    dft(zr, zi);
+    store(x + g, fm, zr[0]);
     for (int q = 1; 2 * q < F; ++q) {
-      x[g + q * m] = re[q];
-      x[g + (F - q) * m] = im[q];
+      store(x + g + q * m, fm, zr[q]);
+      store(x + g + (F - q) * m, fm, zi[q]);
     }
-    if (F % 2 == 0) x[g + (F / 2) * m] = re[F / 2];
+    if (F % 2 == 0) store(x + g + (F / 2) * m, fm, zr[F / 2]);
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
@@ -276,12 +265,22 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
     const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
-    for (Integer g = 0; g < n; g += fm) {
-      if (first == 0) first_index(g);
+    auto rest = [&](Integer g) __attribute__((always_inline)) {
       Integer k = std::max<Integer>(first, 1);
       for (; k + 2 <= c.pair_end; k += 2) inner_index(Pair{}, g, k, k - first);
       if (k < c.pair_end) inner_index(0.0, g, k, k - first);
       if (middle) middle_index(g, m / 2, m / 2 - first);
+    };
+    Integer g = 0;
+    if (first == 0)
+      for (; g + fm < n; g += 2 * fm) {
+        first_index(Pair{}, g);
+        rest(g);
+        rest(g + fm);
+      }
+    for (; g < n; g += fm) {
+      if (first == 0) first_index(0.0, g);
+      rest(g);
     }
   }
 }
