@@ -153,9 +153,20 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   roots(F, rc, rs);
   Chunk<F> c;
 
-  // The butterflies of len consecutive indices from o, two at a time.
+  // The butterflies of len consecutive indices from o, two at a time.  When
+  // the span is a multiple of 512 the rows of a butterfly lie a multiple of
+  // 4 KiB apart, so all 2f of its lines of x and y share one set of the
+  // first-level cache, more than its ways: each pair of indices then
+  // reloaded every line.  Eight indices at a time use each line whole once
+  // it is in; the values that do not fit the registers go to the stack,
+  // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
+  // radix 8 of the long powers of two needs it; compiled into the other
+  // radices' passes too it cost them through worse inlining.
   auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i) {
     Integer a = 0;
+    if constexpr (F == 8)
+      if (m % 512 == 0)
+        for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, o + a, wr, wi, i + a);
     for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
     if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
   };
