@@ -25,10 +25,7 @@ namespace zil::fft {
 
 typedef double Pair __attribute__((vector_size(16)));
 // Eight doubles, a cache line: see the complex pass for when it serves.
-// The compiler splits its arithmetic into SSE2 pairs; the helpers that take
-// or return one are always inlined, so the note that GCC gives about
-// passing it by value on other targets does not apply.
-#pragma GCC diagnostic ignored "-Wpsabi"
+// The compiler splits its arithmetic into SSE2 pairs.
 typedef double Line __attribute__((vector_size(64)));
 
 // Unaligned access to two neighbouring doubles, or to one.

@@ -12,6 +12,10 @@
 #include <iterator>
 #include <utility>
 
+// The helpers that take or return a Line are always inlined, so GCC's note
+// that passing one by value would change the ABI on other targets does not
+// apply here.
+#pragma GCC diagnostic ignored "-Wpsabi"
 #include "transforms/detail/kernels.hpp"
 
 namespace zil::fft {
