@@ -12,19 +12,57 @@
 #include <iterator>
 #include <utility>
 
+// The helpers that take or return a Line are always inlined, so GCC's note
+// that passing one by value would change the ABI on other targets does not
+// apply here.
+#pragma GCC diagnostic ignored "-Wpsabi"
 #include "transforms/detail/kernels.hpp"
 
 namespace zil::fft {
 namespace {
 
-// The twiddle of index k in a pass of radix f and span m has the angle
-// k*2*pi/(f*m); its powers exp(-i*l*angle), l < f, come from one sine and
-// cosine by the recurrence w(l) = w(l-1)*w(1).
+// 1/j!, exact in its rounding: j! itself is exact in a double up to 18!.
+constexpr double inverse_factorial(int j) {
+  double f = 1.0;
+  for (int i = 2; i <= j; ++i) f *= i;
+  return 1.0 / f;
+}
+
+// sin and cos of two angles in [0, pi/2] at once.  The libm call, one
+// angle at a time, cost a quarter of a real transform whose last pass has a
+// large span.  An angle above pi/4 is reflected, sin a = cos(pi/2 - a),
+// where pi/2 - a is exact by Sterbenz's lemma before the tail of pi/2 is
+// added; on [0, pi/4] the Taylor series through degree 17 (sine) and 16
+// (cosine) leave a truncation below 1e-19, so the result is within about
+// one unit in the last place.
+inline void sin_cos(Pair a, Pair& s, Pair& c) {
+  constexpr double pio2_hi = 1.5707963267948966, pio2_lo = 6.123233995736766e-17;
+  const auto reflect = a > 0.7853981633974483;
+  const Pair r = reflect ? (pio2_hi - a) + pio2_lo : a;
+  const Pair z = r * r;
+  Pair ps = z * inverse_factorial(17) - inverse_factorial(15);
+  Pair pc = z * inverse_factorial(16) - inverse_factorial(14);
+  for (int j = 6; j >= 1; --j) {
+    const double sign = j % 2 ? -1.0 : 1.0;
+    ps = z * ps + sign * inverse_factorial(2 * j + 1);
+    pc = z * pc + sign * inverse_factorial(2 * j);
+  }
+  const Pair sr = r + r * z * ps, cr = 1.0 + z * pc;
+  s = reflect ? cr : sr;
+  c = reflect ? sr : cr;
+}
+
+// The twiddles of indices k and k1 (the same index twice for one alone) in
+// a pass of radix f and span m: the angle k*2*pi/(f*m), and its powers
+// exp(-i*l*angle), l < f, from one sine and cosine by the recurrence
+// w(l) = w(l-1)*w(1).
 template <int F>
-void powers(Integer k, Integer fm, double* wr, double* wi) {
-  const double angle = static_cast<double>(k) * kTwoPi / static_cast<double>(fm);
-  wr[1] = std::cos(angle);
-  wi[1] = -std::sin(angle);
+[[gnu::always_inline]] inline void powers(Integer k, Integer k1, Integer fm, Pair* wr, Pair* wi) {
+  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k1)} * kTwoPi / static_cast<double>(fm);
+  Pair s, c;
+  sin_cos(angle, s, c);
+  wr[1] = c;
+  wi[1] = -s;
   for (int l = 2; l < F; ++l) {
     wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
     wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
@@ -36,13 +74,17 @@ void powers(Integer k, Integer fm, double* wr, double* wi) {
 // groups and held on the stack for it.  Sweeping once per chunk rather than
 // once per index keeps the late passes, where m is small and the groups
 // many, from streaming the whole array through the cache for every k.
+// They are stored index-innermost, so that two neighbouring indices find
+// theirs side by side.
 inline constexpr Integer kChunk = 16;
 
 template <int F>
 struct Chunk {
   Integer first = 0, end = 0;  // indices k in [first, end)
-  double wr[kChunk][F], wi[kChunk][F];  // exp(-i*l*angle(k))
-  double pr[kChunk][F], pi[kChunk][F];  // the same for m-k
+  Integer pair_end = 0;        // k in [max(first, 1), pair_end) has a partner m-k
+  double wr[F][kChunk], wi[F][kChunk];  // exp(-i*q*angle(k)) at [q][k - first]
+  // The same for m-k, at [q][pair_end - 1 - k]: ascending with m-k.
+  double pr[F][kChunk], pi[F][kChunk];
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
   // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
@@ -50,20 +92,62 @@ struct Chunk {
   void fill(Integer start, Integer m, const double* rc, const double* rs) {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
-    for (Integer k = std::max<Integer>(first, 1); k < end; ++k) {
-      double* w_r = wr[k - first];
-      double* w_i = wi[k - first];
-      powers<F>(k, F * m, w_r, w_i);
+    pair_end = std::min<Integer>(end, (m + 1) / 2);
+    for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
+      const Integer kk[2] = {k, std::min<Integer>(k + 1, end - 1)};
+      Pair w_r[F], w_i[F];
+      powers<F>(kk[0], kk[1], F * m, w_r, w_i);
+      for (int q = 1; q < F; ++q)
+        for (int lane = 0; lane < 2; ++lane) {
+          wr[q][kk[lane] - first] = w_r[q][lane];
+          wi[q][kk[lane] - first] = w_i[q][lane];
+        }
       if (!rc) continue;
       for (int q = 1; q < F; ++q) {
-        pr[k - first][q] = rc[q] * w_r[q] - rs[q] * w_i[q];
-        pi[k - first][q] = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        const Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        for (int lane = 0; lane < 2; ++lane)
+          if (kk[lane] < pair_end) {
+            pr[q][pair_end - 1 - kk[lane]] = tr[lane];
+            pi[q][pair_end - 1 - kk[lane]] = ti[lane];
+          }
       }
     }
   }
 };
 
+using Column = const double (*)[kChunk];
+
 // ---- Complex passes: decimation in frequency, twiddles after --------------
+
+// The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
+// neighbouring indices, the next group's offset for two trivial
+// butterflies), its twiddles in column i of wr, wi; null tables for the
+// trivial twiddle at k = 0, which costs no multiplication.
+template <class T, class D>
+[[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
+                                                     Integer o, Column wr, Column wi, Integer i,
+                                                     Integer gap = 1) {
+  constexpr int F = D::f;
+  T re[F], im[F];
+  for (int l = 0; l < F; ++l) {
+    re[l] = load<T>(x + o + l * m, gap);
+    im[l] = load<T>(y + o + l * m, gap);
+  }
+  dft(re, im);
+  store(x + o, gap, re[0]);
+  store(y + o, gap, im[0]);
+  for (int q = 1; q < F; ++q) {
+    const Integer t = o + D::place(q) * m;
+    if (wr) {
+      const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
+      store(x + t, gap, re[q] * cr - im[q] * ci);
+      store(y + t, gap, re[q] * ci + im[q] * cr);
+    } else {
+      store(x + t, gap, re[q]);
+      store(y + t, gap, im[q]);
+    }
+  }
+}
 
 template <class D>
 void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
@@ -73,45 +157,51 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   roots(F, rc, rs);
   Chunk<F> c;
 
-  // The butterfly at offset o; tr, ti are null for the trivial twiddle at
-  // k = 0, which costs no multiplication.
-  auto butterfly = [&](Integer o, const double* tr, const double* ti) {
-    double re[F], im[F];
-    for (int l = 0; l < F; ++l) {
-      re[l] = x[o + l * m];
-      im[l] = y[o + l * m];
-    }
-    dft(re, im);
-    x[o] = re[0];
-    y[o] = im[0];
-    for (int q = 1; q < F; ++q) {
-      const Integer t = o + D::place(q) * m;
-      if (tr) {
-        x[t] = re[q] * tr[q] - im[q] * ti[q];
-        y[t] = re[q] * ti[q] + im[q] * tr[q];
-      } else {
-        x[t] = re[q];
-        y[t] = im[q];
-      }
-    }
+  // The butterflies of len consecutive indices from o, two at a time.  When
+  // the span is a multiple of 512 the rows of a butterfly lie a multiple of
+  // 4 KiB apart, so all 2f of its lines of x and y share one set of the
+  // first-level cache, more than its ways: each pair of indices then
+  // reloaded every line.  Eight indices at a time use each line whole once
+  // it is in; the values that do not fit the registers go to the stack,
+  // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
+  // radix 8 of the long powers of two needs it; compiled into the other
+  // radices' passes too it cost them through worse inlining.
+  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i) {
+    Integer a = 0;
+    if constexpr (F == 8)
+      if (m % 512 == 0)
+        for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, o + a, wr, wi, i + a);
+    for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
+    if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
+  };
+  auto rest = [&](Integer g, Integer k0) {
+    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first);
+    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, rc, rs);
-    for (Integer g = 0; g < n; g += fm)
-      for (Integer k = c.first; k < c.end; ++k) {
-        const Integer i = k - c.first;
-        if (k == 0) {
-          butterfly(g, nullptr, nullptr);
-          continue;
-        }
-        butterfly(g + k, c.wr[i], c.wi[i]);
-        if (2 * k < m) butterfly(g + m - k, c.pr[i], c.pi[i]);
+    const Integer k0 = std::max<Integer>(first, 1);
+    Integer g = 0;
+    // The trivial butterflies of two groups side by side: in the last pass,
+    // where m = 1, they are the whole pass.
+    if (first == 0)
+      for (; g + fm < n; g += 2 * fm) {
+        complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
+        rest(g, k0);
+        rest(g + fm, k0);
       }
+    for (; g < n; g += fm) {
+      if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
+      rest(g, k0);
+    }
   }
 }
 
 // ---- Real passes: decimation in time, twiddles before ---------------------
+// The per-index steps of the real and Hermitian passes are lambdas forced
+// inline for the same reason as the butterflies: left to itself the
+// compiler calls them out of line, and their f values go through memory.
 // The f blocks of length m of a group hold transforms Z(l) in the Hermitian
 // layout (block l at place(l)); they become one block of length f*m,
 // Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
@@ -124,52 +214,59 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   Chunk<F> c;
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
-  auto first_index = [&](Integer g) {
+  // T = Pair does the groups g and g+f*m, which in the first pass, where
+  // m = 1, is the whole pass.
+  auto first_index = [&](auto lanes, Integer g) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    T zr[F], zi[F];
     for (int l = 0; l < F; ++l) {
-      re[l] = x[g + D::place(l) * m];
-      im[l] = 0.0;
+      zr[l] = load<T>(x + g + D::place(l) * m, fm);
+      zi[l] = T{};
     }
-    dft(re, im);
-    x[g] = re[0];
+    dft(zr, zi);
+    store(x + g, fm, zr[0]);
     for (int q = 1; 2 * q < F; ++q) {
-      x[g + q * m] = re[q];
-      x[g + (F - q) * m] = im[q];
+      store(x + g + q * m, fm, zr[q]);
+      store(x + g + (F - q) * m, fm, zi[q]);
     }
-    if (F % 2 == 0) x[g + (F / 2) * m] = re[F / 2];
+    if (F % 2 == 0) store(x + g + (F / 2) * m, fm, zr[F / 2]);
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
-  // conjugate is stored at f*m - (k + q*m).
-  auto inner_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
-    re[0] = x[g + k];
-    im[0] = x[g + m - k];
+  // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1.
+  auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    T zr[F], zi[F];
+    zr[0] = load<T>(x + g + k);
+    zi[0] = load_down<T>(x + g + m - k);
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
-      const double a = x[b + k], d = x[b + m - k];
-      re[l] = a * wr[l] - d * wi[l];
-      im[l] = a * wi[l] + d * wr[l];
+      const T a = load<T>(x + b + k), d = load_down<T>(x + b + m - k);
+      const T cr = load<T>(&c.wr[l][i]), ci = load<T>(&c.wi[l][i]);
+      zr[l] = a * cr - d * ci;
+      zi[l] = a * ci + d * cr;
     }
-    dft(re, im);
+    dft(zr, zi);
     for (int q = 0; q < F; ++q) {
       const Integer kk = k + q * m;
       if (2 * q < F) {
-        x[g + kk] = re[q];
-        x[g + fm - kk] = im[q];
+        store(x + g + kk, zr[q]);
+        store_down(x + g + fm - kk, zi[q]);
       } else {
-        x[g + fm - kk] = re[q];
-        x[g + kk] = -im[q];
+        store_down(x + g + fm - kk, zr[q]);
+        store(x + g + kk, -zi[q]);
       }
     }
   };
 
   // k = m/2: real inputs; outputs q and f-1-q are conjugates.
-  auto middle_index = [&](Integer g, Integer k, const double* wr, const double* wi) {
+  auto middle_index = [&](Integer g, Integer k, Integer i) __attribute__((always_inline)) {
     re[0] = x[g + k];
     im[0] = 0.0;
     for (int l = 1; l < F; ++l) {
       const double a = x[g + D::place(l) * m + k];
-      re[l] = a * wr[l];
-      im[l] = a * wi[l];
+      re[l] = a * c.wr[l][i];
+      im[l] = a * c.wi[l][i];
     }
     dft(re, im);
     for (int q = 0; 2 * q + 1 < F; ++q) {
@@ -182,16 +279,24 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
-    for (Integer g = 0; g < n; g += fm)
-      for (Integer k = c.first; k < c.end; ++k) {
-        const Integer i = k - c.first;
-        if (k == 0)
-          first_index(g);
-        else if (2 * k < m)
-          inner_index(g, k, c.wr[i], c.wi[i]);
-        else
-          middle_index(g, k, c.wr[i], c.wi[i]);
+    const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
+    auto rest = [&](Integer g) __attribute__((always_inline)) {
+      Integer k = std::max<Integer>(first, 1);
+      for (; k + 2 <= c.pair_end; k += 2) inner_index(Pair{}, g, k, k - first);
+      if (k < c.pair_end) inner_index(0.0, g, k, k - first);
+      if (middle) middle_index(g, m / 2, m / 2 - first);
+    };
+    Integer g = 0;
+    if (first == 0)
+      for (; g + fm < n; g += 2 * fm) {
+        first_index(Pair{}, g);
+        rest(g);
+        rest(g + fm);
       }
+    for (; g < n; g += fm) {
+      if (first == 0) first_index(0.0, g);
+      rest(g);
+    }
   }
 }
 
@@ -209,7 +314,7 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
   Chunk<F> c;
 
   // Reads Z(r + l*m) from the group's Hermitian layout.
-  auto load = [&](Integer g, Integer r) {
+  auto read_group = [&](Integer g, Integer r) __attribute__((always_inline)) {
     for (int l = 0; l < F; ++l) {
       const Integer kk = r + l * m;
       if (2 * kk < fm) {
@@ -225,8 +330,9 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
     }
   };
 
-  auto butterfly = [&](Integer g, Integer r, const double* wr, const double* wi) {
-    load(g, r);
+  auto butterfly = [&](Integer g, Integer r) __attribute__((always_inline)) {
+    const Integer i = r - c.first;
+    read_group(g, r);
     dft(re, im);
     if (r == 0) {
       for (int q = 0; q < F; ++q) x[g + D::place(q) * m] = re[q];
@@ -237,15 +343,15 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
     if (!middle) x[g + m - r] = im[0];
     for (int q = 1; q < F; ++q) {
       const Integer b = g + D::place(q) * m;
-      x[b + r] = re[q] * wr[q] - im[q] * wi[q];
-      if (!middle) x[b + m - r] = re[q] * wi[q] + im[q] * wr[q];
+      x[b + r] = re[q] * c.wr[q][i] - im[q] * c.wi[q][i];
+      if (!middle) x[b + m - r] = re[q] * c.wi[q][i] + im[q] * c.wr[q][i];
     }
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
     for (Integer g = 0; g < n; g += fm)
-      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r, c.wr[r - c.first], c.wi[r - c.first]);
+      for (Integer r = c.first; r < c.end; ++r) butterfly(g, r);
   }
 }
 
@@ -272,26 +378,73 @@ void with_radix(Integer f, Fn&& fn) {
 // respect to the stage list, first pass most significant) are those of k
 // read backwards.  Both stages move element p to rev(p).
 
+// The square stage, tiled in the manner of Carter and Gatlin's cache-optimal
+// bit reversal (1998): an index is (a, mid, b), with a its leading t digits,
+// b its trailing t digits (the same radices in mirror order, product T) and
+// mid the rest.  rev takes it to (rb(b), rev(mid), ra(a)), so for one pair
+// mid, rev(mid) the T*T elements of rows a, columns b are swapped with the
+// T*T elements of rows rb, columns ra: two tiles that stay in the cache,
+// where walking the indices in order would touch a new line on every swap
+// once n is large.  The list is symmetric, so rev is an involution and each
+// pair is swapped once.  At large powers of two the rows lie a multiple of
+// 4 KiB apart and so share one set of the first-level cache: tiles of 8 by
+// 8 (one line per row) keep the two tiles within its associativity, where
+// 16 by 16 measured a fifth slower at 2^16.
+inline constexpr long kTile = 8;
+
 template <class Data>
-void reorder_squares(long n, const Integer* digit, Data& data) {
+void reorder_squares(long n, const Integer* digit, Data data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
-  // The list is symmetric, so rev is an involution: swap each pair once.
-  long weight[kListSize];  // weight of digit i in rev(p): product of the digits before it
-  long count[kListSize] = {};
-  weight[0] = 1;
-  for (int i = 1; i < len; ++i) weight[i] = weight[i - 1] * digit[i - 1];
-  const long last = digit[len - 1], step = weight[len - 1];
-  long r = 0;
-  for (long p = 0; p < n;) {
-    for (long a = 0; a < last; ++a, ++p, r += step)
-      if (p < r) data.swap(p, r);
-    r -= last * step;
-    for (int i = len - 2; i >= 0; --i) {
-      r += weight[i];
+  int t = 0;
+  long tile = 1;
+  while (2 * (t + 1) <= len && tile * digit[t] <= kTile) tile *= digit[t++];
+  if (t == 0) {  // a leading radix above the tile: one row and column at a time
+    t = 1;
+    tile = digit[0];
+  }
+  // ra[a]: the leading digits of a (first most significant) read with the
+  // first least significant; rb is its inverse, the map of the trailing part.
+  long ra[std::max(kTile, long{kLargestPrime})], rb[std::max(kTile, long{kLargestPrime})];
+  {
+    long count[kListSize] = {}, w[kListSize];
+    w[0] = 1;
+    for (int i = 1; i < t; ++i) w[i] = w[i - 1] * digit[i - 1];
+    long r = 0;
+    for (long a = 0; a < tile; ++a) {
+      ra[a] = r;
+      rb[r] = a;
+      for (int i = t - 1; i >= 0; --i) {
+        r += w[i];
+        if (++count[i] < digit[i]) break;
+        r -= digit[i] * w[i];
+        count[i] = 0;
+      }
+    }
+  }
+  // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
+  // kept alongside; weight[i] is the weight of digit i in rev(mid).
+  long weight[kListSize], count[kListSize] = {};
+  for (int i = t; i < len - t; ++i) weight[i] = i == t ? 1 : weight[i - 1] * digit[i - 1];
+  const long row = n / tile, mids = row / tile;
+  long rmid = 0;
+  for (long mid = 0; mid < mids; ++mid) {
+    // In a tile that is its own image, element (a, b) goes to (rb[b],
+    // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
+    // fixed point): bounding the loop so swaps each pair once with no test
+    // in the loop, whose outcome no branch predictor could follow.
+    if (mid <= rmid) {
+      const long p0 = mid * tile, q0 = rmid * tile;
+      for (long b = 0; b < tile; ++b) {
+        const long rows = mid < rmid ? tile : rb[b];
+        for (long a = 0; a < rows; ++a) data.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
+      }
+    }
+    for (int i = len - t - 1; i >= t; --i) {
+      rmid += weight[i];
       if (++count[i] < digit[i]) break;
-      r -= digit[i] * weight[i];
+      rmid -= digit[i] * weight[i];
       count[i] = 0;
     }
   }
@@ -440,6 +593,8 @@ struct OneArray {
   void hold(long a) { hx = x[a]; }
   void move(long to, long from) { x[to] = x[from]; }
   void release(long to) { x[to] = hx; }
+  template <class Fn>
+  void each(Fn&& fn) { fn(*this); }
 };
 
 struct TwoArrays {
@@ -461,11 +616,16 @@ struct TwoArrays {
     x[to] = hx;
     y[to] = hy;
   }
+  template <class Fn>
+  void each(Fn&& fn) {
+    fn(OneArray{x});
+    fn(OneArray{y});
+  }
 };
 
 template <class Data>
 void reorder(Integer n, const Factors& fac, Data data) {
-  reorder_squares(n, fac.digit, data);
+  data.each([&](OneArray a) { reorder_squares(n, fac.digit, a); });
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
