@@ -132,11 +132,11 @@ class Reporter {
   }
 
   // ZE_INT_ARG_xx: "name must not be <rel> bound".
-  bool int_lt(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_LT, !(v < bound), name, v, Num(bound)); }
-  bool int_le(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_LE, !(v <= bound), name, v, Num(bound)); }
-  bool int_gt(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_GT, !(v > bound), name, v, Num(bound)); }
-  bool int_ge(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_GE, !(v >= bound), name, v, Num(bound)); }
-  bool int_eq(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_EQ, !(v == bound), name, v, Num(bound)); }
+  bool int_lt(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_LT, !(v < bound), name, v, bound); }
+  bool int_le(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_LE, !(v <= bound), name, v, bound); }
+  bool int_gt(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_GT, !(v > bound), name, v, bound); }
+  bool int_ge(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_GE, !(v >= bound), name, v, bound); }
+  bool int_eq(const char* name, long v, long bound) { return int_rel(ZE_INT_ARG_EQ, !(v == bound), name, v, bound); }
   // Forms whose bound is an expression or another argument's name.
   bool int_lt(const char* name, long v, long bound, const char* bound_text) { return int_rel(ZE_INT_ARG_LT, !(v < bound), name, v, bound_text); }
   bool int_le(const char* name, long v, long bound, const char* bound_text) { return int_rel(ZE_INT_ARG_LE, !(v <= bound), name, v, bound_text); }
@@ -183,6 +183,12 @@ class Reporter {
     if (ok) return false;
     raise(code, name, bound, name, v);
     return true;
+  }
+  // The bound is put into words only when the check fails: these checks
+  // open every call of a routine, and most calls pass them.
+  bool int_rel(Integer code, bool ok, const char* name, long v, long bound) {
+    if (ok) return false;
+    return int_rel(code, false, name, v, Num(bound));
   }
   bool real_rel(Integer code, bool ok, const char* name, double v, double bound, const char* bound_text) {
     if (ok) return false;
