@@ -17,21 +17,20 @@ namespace zil::sort {
 template <class Before>
 void merge_rank(Integer* rank, Integer n, Before&& before, Integer first = 0) {
   constexpr Integer kEnd = -1;
-  // Merges two chains, the items of a all preceding those of b.  The step
-  // selects rather than branches: which chain gives the next item is as
-  // good as random on unsorted data, and a mispredicted branch costs more
-  // than the selections.
+  // Merges two chains, the items of a all preceding those of b.
   auto merge = [&](Integer a, Integer b) {
     Integer head;
     Integer* tail = &head;
     while (a != kEnd && b != kEnd) {
-      const bool take_b = before(b, a);
-      const Integer t = take_b ? b : a;
-      *tail = t;
-      tail = &rank[t];
-      const Integer next = rank[t];
-      a = take_b ? a : next;
-      b = take_b ? next : b;
+      if (before(b, a)) {
+        *tail = b;
+        tail = &rank[b];
+        b = rank[b];
+      } else {
+        *tail = a;
+        tail = &rank[a];
+        a = rank[a];
+      }
     }
     *tail = a != kEnd ? a : b;
     return head;
