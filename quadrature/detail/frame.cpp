@@ -1,6 +1,7 @@
 #include "quadrature/detail/frame.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "sort/inner.hpp"
@@ -12,8 +13,11 @@ namespace zil::quad {
 // longer needed).
 void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n,
                        Integer* index) {
+  // < is a strict weak order on the left ends unless one is a NaN (from a
+  // NaN or infinite end of the range).
+  const bool strict_weak = std::none_of(lo, lo + n, [](double x) { return std::isnan(x); });
   order_records(
-      n, index, [lo](Integer i, Integer j) { return lo[i] < lo[j]; },
+      n, index, strict_weak, [lo](Integer i, Integer j) { return lo[i] < lo[j]; },
       [&](Integer i, Integer j) {
         for (double* v : {lo, up, res, err}) std::swap(v[i], v[j]);
       });
