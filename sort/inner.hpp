@@ -13,6 +13,8 @@
 
 #include <cstddef>
 
+#include "sort/detail/permute.hpp"
+#include "sort/detail/rank.hpp"
 #include "zil_types.h"
 
 namespace zil {
@@ -27,6 +29,30 @@ void m01daf_f(const double rv[], Integer m1, Integer m2, const char* order, Inte
 void m01eaf_f(double rv[], Integer m1, Integer m2, Integer irank[], Integer* ifail);
 // Replaces the permutation iperm(m1:m2) by its inverse (ranks into indices).
 void m01zaf_f(Integer iperm[], Integer m1, Integer m2, Integer* ifail);
+
+// Puts records 0 to n-1, spread over parallel arrays, in order in place:
+// before(i, j) is true when record i must come before record j (equal
+// records keep their order) and exchange(i, j) swaps records i and j.  rank
+// holds n Integers of scratch.  strict_weak: the caller knows before to be a
+// strict weak order on these records (as < is on numbers without a NaN),
+// which lets a short run be ranked by counting.  For callers whose records
+// are known to be well formed, so there is nothing to check or report.
+template <class Before, class Exchange>
+void order_records(Integer n, Integer rank[], bool strict_weak, Before&& before,
+                   Exchange&& exchange) {
+  using Mark = sort::SignMark;
+  // Below this length counting compares more pairs than the merge but
+  // mispredicts none of them.
+  constexpr Integer kCountMax = 32;
+  // Ranks from 1, so that negation can mark each one as not yet placed;
+  // the ranks of a sort are a permutation, which needs no checking.
+  if (strict_weak && n <= kCountMax)
+    sort::count_rank(rank, n, before, 1);
+  else
+    sort::merge_rank(rank, n, before, 1);
+  for (Integer i = 0; i < n; ++i) rank[i] = Mark::mark(rank[i]);
+  sort::scatter_marked<Mark>(rank, n, 1, exchange);
+}
 
 // By reference.  Reports go through the by-reference reporter, so a hard
 // failure (ifail = 0 or 10 on entry) ends the process.

@@ -1,32 +1,26 @@
 #include "quadrature/detail/frame.hpp"
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
+#include <utility>
 
-#include "zil_enums.h"
-#include "zil_sort.h"
+#include "sort/inner.hpp"
 
 namespace zil::quad {
 
-namespace {
-Integer compare_doubles(const void* x, const void* y) {
-  const double u = *static_cast<const double*>(x), v = *static_cast<const double*>(y);
-  return u < v ? -1 : u > v ? 1 : 0;
-}
-}  // namespace
-
-// The one place that puts the result records in order of their left end:
-// rank the left ends, turn the ranks into an index, and rearrange the four
-// arrays by it.  Ties keep their order, which the rank sort guarantees.
-// index: n Integers of scratch (the loop's iord, no longer needed).
+// The one place that puts the result records in order of their left end.
+// Ties keep their order.  index: n Integers of scratch (the loop's iord, no
+// longer needed).
 void order_by_left_end(double* lo, double* up, double* res, double* err, Integer n,
                        Integer* index) {
-  if (n < 2) return;
-  ZilError local{};
-  const auto count = static_cast<std::size_t>(n);
-  m01dsc(lo, count, sizeof(double), compare_doubles, Zil_Ascending, index, &local);
-  m01zac(index, count, &local);
-  for (double* v : {lo, up, res, err}) m01esc(v, count, sizeof(double), sizeof(double), index, &local);
+  // < is a strict weak order on the left ends unless one is a NaN (from a
+  // NaN or infinite end of the range).
+  const bool strict_weak = std::none_of(lo, lo + n, [](double x) { return std::isnan(x); });
+  order_records(
+      n, index, strict_weak, [lo](Integer i, Integer j) { return lo[i] < lo[j]; },
+      [&](Integer i, Integer j) {
+        for (double* v : {lo, up, res, err}) std::swap(v[i], v[j]);
+      });
 }
 
 void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {

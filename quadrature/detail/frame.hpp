@@ -27,12 +27,14 @@ struct CommFun {
 // release them with x04bdc) and the workspace of the loop.
 class ResultLists {
  public:
+  // iord and the levels share one block: a run takes no more from the
+  // allocator than it must.
   ResultLists(Integer n, bool levels)
-      : n_(n), lo_(n), up_(n), res_(n), err_(n), iord_(n), level_(levels ? n : 1), levels_(levels) {}
-  explicit operator bool() const { return lo_ && up_ && res_ && err_ && iord_ && level_; }
+      : n_(n), lo_(n), up_(n), res_(n), err_(n), iord_(levels ? 2 * std::size_t(n) : n), levels_(levels) {}
+  explicit operator bool() const { return lo_ && up_ && res_ && err_ && iord_; }
   Lists lists(Integer limit) const {
     return Lists{lo_.get(), up_.get(), res_.get(), err_.get(), iord_.get(),
-                 levels_ ? level_.get() : nullptr, limit};
+                 levels_ ? iord_.get() + n_ : nullptr, limit};
   }
   // Zero the tail, put the intervals in order of their left end and give the
   // arrays to the caller.
@@ -41,7 +43,7 @@ class ResultLists {
  private:
   Integer n_;
   Workspace<double> lo_, up_, res_, err_;
-  Workspace<Integer> iord_, level_;
+  Workspace<Integer> iord_;
   bool levels_;
 };
 

@@ -91,6 +91,38 @@ TEST(InnerRank, RankThenRearrangeIsTheSort) {
   }
 }
 
+TEST(InnerRecords, ParallelArraysTakeTheStableOrderOfTheirKey) {
+  // Keys with many ties (20 values over up to 300 records), so that a sort
+  // that let equal keys trade places would show in the second array, which
+  // carries each record's original position.
+  // Both rankings: by counting (short runs under a strict weak order) and
+  // by merging, on both sides of the length where they part.
+  for (bool strict_weak : {false, true}) {
+    for (Integer n : {0, 1, 2, 3, 19, 32, 33, 64, 300}) {
+      const auto key0 = random_reals(static_cast<std::size_t>(n), static_cast<unsigned>(n + 7));
+      std::vector<double> key = key0, pos(key0.size()), tag(key0.size());
+      for (std::size_t i = 0; i < pos.size(); ++i) {
+        pos[i] = static_cast<double>(i);
+        tag[i] = key0[i] * 3.0 + 0.5;
+      }
+      std::vector<Integer> scratch(key0.size() + 1);
+      zil::order_records(
+          n, scratch.data(), strict_weak, [&](Integer i, Integer j) { return key[i] < key[j]; },
+          [&](Integer i, Integer j) {
+            for (auto* v : {&key, &pos, &tag}) std::swap((*v)[i], (*v)[j]);
+          });
+      std::vector<std::size_t> want(key0.size());
+      std::iota(want.begin(), want.end(), std::size_t{0});
+      std::stable_sort(want.begin(), want.end(), [&](std::size_t i, std::size_t j) { return key0[i] < key0[j]; });
+      for (std::size_t k = 0; k < want.size(); ++k) {
+        ASSERT_EQ(pos[k], static_cast<double>(want[k])) << "n " << n << " k " << k << " counted " << strict_weak;
+        EXPECT_EQ(key[k], key0[want[k]]);
+        EXPECT_EQ(tag[k], key0[want[k]] * 3.0 + 0.5);
+      }
+    }
+  }
+}
+
 TEST(InnerPermutation, InverseTwiceIsTheIdentity) {
   const Integer m1 = 3, m2 = 1002;
   std::vector<Integer> p(1005, 0);
