@@ -190,12 +190,6 @@ class Reporter {
     raise(code, name, bound, name, v);
     return true;
   }
-  // The bound is put into words only when the check fails: these checks
-  // open every call of a routine, and most calls pass them.
-  bool int_rel(Integer code, bool ok, const char* name, long v, long bound) {
-    if (ok) return false;
-    return int_rel(code, false, name, v, Num(bound));
-  }
   bool real_rel(Integer code, bool ok, const char* name, double v, double bound, const char* bound_text) {
     if (ok) return false;
     Num b(bound);
