@@ -167,6 +167,13 @@ USED = {"s15ad": (-1.0, 1 - 7.5 / (26.6 + 3.75))}
 # at 0.
 PIN = {"s15ad": (-1, 1)}
 
+# Tables whose coefficients are rounded one by one from the highest, each
+# rounding's error but its T_k part taken off the lower coefficients (see
+# round_compensated): those evaluated by the compensated nested
+# multiplication, whose accuracy the plain rounding of the coefficients
+# would otherwise set.
+COMPENSATED = {"s20ac", "s20ad", "s13ac_0"}
+
 # Tables whose function crosses zero: their error is measured against this
 # magnitude (the size of the terms the routine adds them to) near the zero.
 FLOOR = {"s13aa_0": 0.5, "s13ac_0": 2.0}
@@ -235,6 +242,40 @@ def temme_coefficients(K, N):
 TEMME_TERMS, TEMME_DEGREE = 10, 20
 
 
+def chebyshev_t(k):
+    """T_k(t) as ascending powers of t."""
+    prev, cur = [mp.mpf(1)], [mp.mpf(0), mp.mpf(1)]
+    if k == 0:
+        return prev
+    for _ in range(k - 1):
+        nxt = [mp.mpf(0)] + [2 * a for a in cur]
+        for i, a in enumerate(prev):
+            nxt[i] -= a
+        prev, cur = cur, nxt
+    return cur
+
+
+def round_compensated(poly, a, b):
+    """Rounds the ascending powers of v (t = a v + b) to double from the
+    highest down.  The rounding error d v^k of each coefficient is, but for
+    its T_k component d a^-k 2^(1-k) T_k(t), a polynomial of lower degree, and
+    is taken off the coefficients still to be rounded; what remains of it is
+    2^(1-k) times smaller than the rounding itself.  The plain rounding of
+    every coefficient would instead leave errors of the size of the
+    cancelling terms of the polynomial."""
+    poly = list(poly)
+    for k in range(len(poly) - 1, 0, -1):
+        rounded = mp.mpf(float(poly[k]))
+        d = rounded - poly[k]
+        poly[k] = rounded
+        kept = compose_affine(chebyshev_t(k), a, b)  # T_k(a v + b), leading a^k 2^(k-1)
+        scale = d / kept[k]
+        for i in range(k):
+            poly[i] += scale * kept[i]
+    poly[0] = mp.mpf(float(poly[0]))
+    return poly
+
+
 def build(name, n, fn, kind, affine, centre=0):
     c = cheb_coeffs(fn, n)
     if kind == "cheb":
@@ -244,6 +285,9 @@ def build(name, n, fn, kind, affine, centre=0):
         poly = compose_affine(poly, *affine)
     elif centre:
         poly = compose_affine(poly, 1, centre)  # powers of s = t - centre
+    if name in COMPENSATED:
+        a, b = affine if affine else (1, centre)  # t = a v + b
+        poly = round_compensated(poly, a, b)
     return list(reversed(poly))  # highest power first
 
 
@@ -393,6 +437,8 @@ def main():
         pinned = ""
         if name in PIN:
             pinned = f" The leading coefficient is moved so that t = {PIN[name][0]} gives {PIN[name][1]} exactly."
+        if name in COMPENSATED:
+            pinned += " Rounded from the highest power down, each rounding compensated in the lower powers."
         print(f"// {comment}: {n}-term Chebyshev expansion on [-1, 1], {what}.{pinned}")
         if kind != "cheb" and not affine:
             print(f"inline constexpr double {name}_centre = {float(centre)!r};")

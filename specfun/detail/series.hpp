@@ -94,6 +94,24 @@ inline Twofold two_prod(double a, double b) {
   return {p, ((ah * bh - p) + ah * bl + al * bh) + al * bl};
 }
 
+// A table's polynomial at s = hi + lo by the compensated nested
+// multiplication (Graillat, Langlois and Louvet, 2005): the rounding errors
+// of every product and sum, and the part lo of the variable, are gathered in
+// a second nested multiplication, and the result is as accurate as if the
+// polynomial had been evaluated in twice the working precision.  For tables
+// whose terms cancel to a small value, where plain nesting loses digits.
+template <std::size_t N>
+double poly_compensated(const std::array<double, N>& c, Twofold s) {
+  double p = c[0], e = 0.0;
+  for (std::size_t k = 1; k < N; ++k) {
+    const Twofold prod = two_prod(p, s.hi);
+    const Twofold sum = two_sum(prod.hi, c[k]);
+    e = e * s.hi + (prod.lo + sum.lo) + p * s.lo;
+    p = sum.hi;
+  }
+  return p + e;
+}
+
 // exp(-x*x) without the loss that rounding x*x would bring for large x.
 inline double exp_minus_square(double x) {
   const Twofold sq = two_prod(x, x);
