@@ -338,6 +338,33 @@ inline constexpr std::array<double, 22> s14aa = {
     0.886226925452758,
 };
 
+// (Gamma(1 + a) - 1)/a, t = 2a - 1: 22-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
+inline constexpr double s14ba_centre = 0.0;
+inline constexpr std::array<double, 22> s14ba = {
+    1.2431807491561207e-10,
+    -3.6228834203180983e-10,
+    4.0311037210118823e-10,
+    -1.2653010605675664e-09,
+    5.419705898484334e-09,
+    -1.6132615084264726e-08,
+    4.621577584724831e-08,
+    -1.3879288285975029e-07,
+    4.181298545290714e-07,
+    -1.2539378815075054e-06,
+    3.7592621147017835e-06,
+    -1.1269182855092753e-05,
+    3.3774216333706854e-05,
+    -0.00010104939411345529,
+    0.000302905669283144,
+    -0.000896685911494705,
+    0.0027282579088825447,
+    -0.007573448677636663,
+    0.025654118558018545,
+    -0.05247781969921365,
+    0.25988454654336907,
+    -0.22754614909448398,
+};
+
 // x (ln Gamma(x) - Stirling's leading terms), t = 450/x^2 - 1: 5-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
 inline constexpr double s14ab_centre = 0.0;
 inline constexpr std::array<double, 5> s14ab = {
