@@ -15,7 +15,7 @@ namespace zil::sf {
 
 namespace {
 // Gamma(1 + f) for f in [0, 1].
-double gamma_1p(double f) { return poly2(coef::s14aa, 2.0 * f - 1.0 - coef::s14aa_centre); }
+double gamma_1p(double f) { return poly4(coef::s14aa, 2.0 * f - 1.0 - coef::s14aa_centre); }
 
 // Gamma(x) for 0 < x < 170 through the recurrence down to [1, 2): the
 // factors x - k are exact, and the product keeps twice the working precision.
