@@ -188,6 +188,13 @@ class Product {
     hi_ = p + lo;
     lo_ = lo - (hi_ - p);
   }
+  // Times another such product, to the same precision.
+  void times(const Product& f) {
+    const double p = hi_ * f.hi_;
+    const double lo = std::fma(hi_, f.hi_, -p) + (hi_ * f.lo_ + lo_ * f.hi_);
+    hi_ = p + lo;
+    lo_ = lo - (hi_ - p);
+  }
   double value() const { return hi_ + lo_; }
 
  private:
