@@ -167,7 +167,10 @@ GammaRatios incomplete_gamma(double a, double x, double tol) {
     dd = 1.0L / dd;
     const Wide delta = dd * c;
     f *= delta;
-    if (std::fabs(delta - 1.0L) <= eps) {
+    // The last factor's distance from 1 measures the error still in f;
+    // an eighth of the tolerance leaves the result within it, where a
+    // stop at the tolerance itself could leave an error just above it.
+    if (std::fabs(delta - 1.0L) <= eps * 0.125L) {
       const double q = static_cast<double>(d * a * f);
       return {1.0 - q, q, 0, 0};
     }
