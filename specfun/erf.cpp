@@ -46,7 +46,8 @@ double erf(double x) {
   if (a >= 6.25) return x > 0.0 ? 1.0 : -1.0;
   if (a <= 2.0) return x * clenshaw(coef::s15ae_0, x * x - 2.0);
   const double s = clenshaw(coef::s15ae_1, 2.0 - 20.0 / (a + 3.0));
-  const double y = std::exp(-x * x) * s / a * kOneOverSqrtPi;
+  // The factors that do not wait on the recurrence are formed while it runs.
+  const double y = std::exp(-x * x) * (kOneOverSqrtPi / a) * s;
   return x > 0.0 ? 1.0 - y : y - 1.0;
 }
 

@@ -41,7 +41,16 @@ Result exp_integral(double x) {
 
 Result cos_integral(double x) {
   if (x <= 0.0) return {0.0, 1};
-  if (x <= 16.0) return {std::log(x) + series(coef::s13ac_0, coef::s13ac_0_centre, x * x * 0.0078125 - 1.0), 0};
+  if (x <= 16.0) {
+    // Ci(x) - ln x falls from 0.58 to -2.79 through terms that nearly
+    // cancel: t = x^2/128 - 1 is carried to twice the working precision
+    // (x^2/128 exactly) and the series nested with compensation.
+    Twofold s = two_prod(x, x);
+    const double lo = s.lo * 0.0078125;
+    s = two_sum(s.hi * 0.0078125, -1.0 - coef::s13ac_0_centre);
+    s.lo += lo;
+    return {std::log(x) + poly_compensated(coef::s13ac_0, s), 0};
+  }
   if (x < 1e16) {
     const Auxiliary fg = auxiliary(x);
     return {std::sin(x) * fg.f / x - std::cos(x) * fg.g / (x * x), 0};

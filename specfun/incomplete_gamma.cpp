@@ -2,9 +2,10 @@
 //
 // Near the transition (a >= 20, 0.7a <= x <= 1.43a) Temme's uniform
 // expansion Q = erfc(eta sqrt(a/2))/2 + exp(-a eta^2/2)/sqrt(2 pi a) sum c_k(eta)/a^k
-// (N. M. Temme, SIAM J. Math. Anal. 10, 1979); elsewhere the power series for
-// P when x < a + 1 and Legendre's continued fraction for Q otherwise, each
-// scaled by x^a exp(-x)/Gamma(a + 1).
+// (N. M. Temme, SIAM J. Math. Anal. 10, 1979); for a < 1 and x <= 1
+// Gautschi's series for both ratios; elsewhere the power series for P when
+// x < a + 1 and Legendre's continued fraction for Q otherwise, each scaled by
+// x^a exp(-x)/Gamma(a + 1).
 #include <cmath>
 #include <limits>
 
@@ -65,6 +66,31 @@ double front_factor(double a, double x) {
   return exp_minus(x - a * std::log(Wide(x))) / gamma(a + 1.0).value;
 }
 
+// a < 1 and x <= 1, after Gautschi (ACM TOMS 5, 1979): with r = x^a/Gamma(1 + a)
+// and T = sum_{n>=1} (-1)^(n+1) x^n/((a + n) n!), P = r - r a T and
+// Q = (1 - r) + r a T, where 1 - r = (g - (x^a - 1))/(1 + g) and
+// g = Gamma(1 + a) - 1 = a h(a).  Q is of the order of a here, and formed as
+// 1 - P it would lose as many digits as a has leading zeros; this way each
+// part keeps its relative accuracy, and they cancel by at most a factor of
+// four (at x = 1, where Q = 0.22a for small a).
+GammaRatios small_a(double a, double x, double eps) {
+  const double g = a * series(coef::s14ba, coef::s14ba_centre, 2.0 * a - 1.0);
+  const double a_ln_x = a * std::log(x);
+  const double xa_m1 = std::expm1(a_ln_x);
+  // x^a itself, not 1 + (x^a - 1), which would lose digits where x^a is small.
+  const double r = std::exp(a_ln_x) / (1.0 + g);
+  const double one_minus_r = (g - xa_m1) / (1.0 + g);
+  double term = x, sum = x / (a + 1.0);
+  for (int n = 2; n <= kIterationLimit; ++n) {
+    term *= -x / n;
+    const double add = term / (a + n);
+    sum += add;
+    if (std::fabs(add) <= eps * std::fabs(sum)) break;  // x <= 1: by n = 20
+  }
+  const double rat = r * a * sum;
+  return {r - rat, one_minus_r + rat, 0, 0};
+}
+
 GammaRatios temme(double a, double x) {
   const Wide e = a_phi(a, x);  // a eta^2 / 2
   const double eta = std::copysign(std::sqrt(2.0 * static_cast<double>(e) / a), x - a);
@@ -98,8 +124,11 @@ GammaRatios incomplete_gamma(double a, double x, double tol) {
   if (a >= 20.0 && 0.7 * a <= x && x * 0.7142857142857143 <= a) return temme(a, x);
   if (std::isinf(x)) return {1.0, 0.0, 0, 0};
 
+  if (a < 1.0 && x <= 1.0) return small_a(a, x, eps);
+
   const double d = front_factor(a, x);
-  if (x < a + 1.0) {
+  // Below a = 1 the fraction takes over from x = 1 (see small_a).
+  if (x < a + 1.0 && a >= 1.0) {
     // P = d (1 + x/(a+1) + x^2/((a+1)(a+2)) + ...)
     double term = 1.0, sum = 1.0;
     for (int n = 1; n <= kIterationLimit; ++n) {
@@ -113,26 +142,32 @@ GammaRatios incomplete_gamma(double a, double x, double tol) {
     return {d * sum, 1.0 - d * sum, 3, kIterationLimit};
   }
   // Q = d a / (x + 1 - a - 1(1-a)/(x + 3 - a - 2(2-a)/(x + 5 - a - ...))),
-  // evaluated forward by the modified Lentz method.
-  constexpr double tiny = 1e-300;
-  double b = x + 1.0 - a;
-  double c = 1.0 / tiny, f = 1.0 / b, dd = f;
+  // evaluated forward by the modified Lentz method.  Near x = 1 it takes
+  // a hundred steps and more, each adding a rounding to the running
+  // product: it runs in the extended format, which keeps their sum below
+  // 2^-53.
+  constexpr Wide tiny = 1e-300L;
+  Wide b = Wide(x) + 1.0L - a;
+  Wide c = 1.0L / tiny, f = 1.0L / b, dd = f;
   for (int n = 1; n <= kIterationLimit; ++n) {
-    const double an = -n * (n - a);
-    b += 2.0;
+    const Wide an = -n * (n - Wide(a));
+    b += 2.0L;
     dd = an * dd + b;
     if (std::fabs(dd) < tiny) dd = tiny;
     c = b + an / c;
     if (std::fabs(c) < tiny) c = tiny;
-    dd = 1.0 / dd;
-    const double delta = dd * c;
+    dd = 1.0L / dd;
+    const Wide delta = dd * c;
     f *= delta;
-    if (std::fabs(delta - 1.0) <= eps) {
-      const double q = d * a * f;
+    // The last factor's distance from 1 measures the error still in f;
+    // an eighth of the tolerance leaves the result within it, where a
+    // stop at the tolerance itself could leave an error just above it.
+    if (std::fabs(delta - 1.0L) <= eps * 0.125L) {
+      const double q = static_cast<double>(d * a * f);
       return {1.0 - q, q, 0, 0};
     }
   }
-  const double q = d * a * f;
+  const double q = static_cast<double>(d * a * f);
   return {1.0 - q, q, 3, kIterationLimit};
 }
 

@@ -218,7 +218,7 @@ inline constexpr std::array<double, 18> s13aa_3 = {
     0.923755307807784,
 };
 
-// Ci(x) - ln x, t = x^2/128 - 1: 22-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
+// Ci(x) - ln x, t = x^2/128 - 1: 22-term Chebyshev expansion on [-1, 1], powers of the variable, highest first. Rounded from the highest power down, each rounding compensated in the lower powers.
 inline constexpr double s13ac_0_centre = 0.0;
 inline constexpr std::array<double, 22> s13ac_0 = {
     -7.145762153657957e-10,
@@ -239,9 +239,9 @@ inline constexpr std::array<double, 22> s13ac_0 = {
     -2.3462259382336765,
     4.592799606749606,
     -1.634228758555692,
-    -2.068028426932639,
+    -2.0680284269326386,
     1.5150505524046949,
-    -0.34360252924392803,
+    -0.3436025292439282,
     -2.5111015801065837,
 };
 
@@ -336,6 +336,33 @@ inline constexpr std::array<double, 22> s14aa = {
     0.10370336342207054,
     0.01616919872444243,
     0.886226925452758,
+};
+
+// (Gamma(1 + a) - 1)/a, t = 2a - 1: 22-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
+inline constexpr double s14ba_centre = 0.0;
+inline constexpr std::array<double, 22> s14ba = {
+    1.2431807491561207e-10,
+    -3.6228834203180983e-10,
+    4.0311037210118823e-10,
+    -1.2653010605675664e-09,
+    5.419705898484334e-09,
+    -1.6132615084264726e-08,
+    4.621577584724831e-08,
+    -1.3879288285975029e-07,
+    4.181298545290714e-07,
+    -1.2539378815075054e-06,
+    3.7592621147017835e-06,
+    -1.1269182855092753e-05,
+    3.3774216333706854e-05,
+    -0.00010104939411345529,
+    0.000302905669283144,
+    -0.000896685911494705,
+    0.0027282579088825447,
+    -0.007573448677636663,
+    0.025654118558018545,
+    -0.05247781969921365,
+    0.25988454654336907,
+    -0.22754614909448398,
 };
 
 // x (ln Gamma(x) - Stirling's leading terms), t = 450/x^2 - 1: 5-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
@@ -489,7 +516,7 @@ inline constexpr std::array<double, 30> s15af_1 = {
     0.5126597575910452,
 };
 
-// S(x)/x^3, t = 2 (x/3)^4 - 1: 20-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
+// S(x)/x^3, t = 2 (x/3)^4 - 1: 20-term Chebyshev expansion on [-1, 1], powers of the variable, highest first. Rounded from the highest power down, each rounding compensated in the lower powers.
 inline constexpr double s20ac_centre = 0.0;
 inline constexpr std::array<double, 20> s20ac = {
     -2.973262185715471e-11,
@@ -505,16 +532,16 @@ inline constexpr std::array<double, 20> s20ac = {
     -0.02994911131725243,
     0.08525241984200874,
     -0.17696974047122632,
-    0.23997398666424666,
+    0.23997398666424669,
     -0.15226268877002247,
-    -0.06683257410432746,
+    -0.06683257410432748,
     0.15808140684175298,
-    -0.033769836943908046,
+    -0.03376983694390803,
     -0.049690456082274896,
     0.03791363724797823,
 };
 
-// C(x)/x, t = 2 (x/3)^4 - 1: 20-term Chebyshev expansion on [-1, 1], powers of the variable, highest first.
+// C(x)/x, t = 2 (x/3)^4 - 1: 20-term Chebyshev expansion on [-1, 1], powers of the variable, highest first. Rounded from the highest power down, each rounding compensated in the lower powers.
 inline constexpr double s20ad_centre = 0.0;
 inline constexpr std::array<double, 20> s20ad = {
     -7.124020839997504e-10,
@@ -529,11 +556,11 @@ inline constexpr std::array<double, 20> s20ad = {
     0.08923550686145966,
     -0.27850276458306666,
     0.6361230804230563,
-    -0.9407513534529985,
+    -0.9407513534529984,
     0.5749569361804223,
-    0.650111420549262,
+    0.6501114205492619,
     -1.3738317749125346,
-    0.4466561757298178,
+    0.44665617572981786,
     0.4965402437018994,
     -0.2535847143054267,
     0.17336115291616272,

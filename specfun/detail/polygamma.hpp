@@ -159,11 +159,23 @@ inline Cx exp_2pi_i_minus_1(double r, double y) {
 
 inline Cx cot_pi(Cx z) {
   // cot w = i (q + 1)/(q - 1), q = exp(2iw), for Im w >= 0 (|q| <= 1); the
-  // lower half-plane by conjugation.
+  // lower half-plane by conjugation.  With u = 2 pi r and v = 2 pi |Im z|,
+  // q -/+ 1 = expm1(-v) cos u -/+ 2 (sin, cos)^2(u/2) + i exp(-v) sin u: each
+  // real part a sum of terms of one sign, so that neither loses digits where
+  // it vanishes, q + 1 near the half-integers as q - 1 near the integers.
+  // The half-angle functions come from exact reduced arguments, the rest in
+  // the extended format.
+  using R = long double;
+  using W = std::complex<R>;
+  constexpr R pi = 3.14159265358979323846264338327950288L;
   const double r = z.real() - std::nearbyint(z.real());
-  const Cx qm1 = exp_2pi_i_minus_1(r, std::fabs(z.imag()));
-  const Cx c = Cx(0.0, 1.0) * (qm1 + 2.0) / qm1;
-  return z.imag() < 0.0 ? std::conj(c) : c;
+  const R s = std::sin(pi * r);
+  const R c = std::fabs(r) <= 0.25 ? std::cos(pi * r) : std::sin(pi * (0.5 - std::fabs(r)));
+  const R v = 2.0L * pi * std::fabs(z.imag());
+  const R em1 = std::expm1(-v), cos_u = (c - s) * (c + s), sin_u = 2.0L * s * c * std::exp(-v);
+  const W qm1(em1 * cos_u - 2.0L * s * s, sin_u), qp1(em1 * cos_u + 2.0L * c * c, sin_u);
+  const Cx w = narrow<Cx>(W(0.0L, 1.0L) * qp1 / qm1);
+  return z.imag() < 0.0 ? std::conj(w) : w;
 }
 
 // d^k/dx^k cot(pi x) = pi^k P_k(cot(pi x)) with P_0(c) = c and
@@ -188,24 +200,36 @@ inline double cot_pi_derivative(int k, double x) {
 // Off the real axis 1 + c^2 cancels as cot tends to -i, so the derivatives
 // come from cot(pi z) = -i - 2i sum q^n, q = exp(2 pi i z) (Im z > 0):
 // d^k/dz^k cot(pi z) = -2i (2 pi i)^k q A_k(q)/(1 - q)^(k+1), with the
-// Eulerian polynomial A_k, whose coefficients are all positive.
+// Eulerian polynomial A_k, whose coefficients are all positive.  The power
+// (1 - q)^(k+1) multiplies the relative error of 1 - q by k + 1: q, 1 - q and
+// the products are formed in the extended format, and the powers by repeated
+// multiplication (a complex pow goes through exp and log).
 inline Cx cot_pi_derivative(int k, Cx z) {
   if (z.imag() == 0.0) return cot_pi_derivative(k, z.real());
   if (k == 0) return cot_pi(z);
   if (z.imag() < 0.0) return std::conj(cot_pi_derivative(k, std::conj(z)));
-  std::array<double, 16> e{};  // A_k, lowest power first: A(n,m) = (n-m) A(n-1,m-1) + (m+1) A(n-1,m)
-  e[0] = 1.0;
+  using R = long double;
+  using W = std::complex<R>;
+  std::array<R, 16> e{};  // A_k, lowest power first: A(n,m) = (n-m) A(n-1,m-1) + (m+1) A(n-1,m)
+  e[0] = 1.0L;
   for (int n = 2; n <= k; ++n)
-    for (int m = n - 1; m >= 0; --m) e[m] = (m > 0 ? (n - m) * e[m - 1] : 0.0) + (m + 1) * e[m];
-  // q itself straight from its polar form: from q - 1 it would keep an
-  // error of order 2^-53 where it is far smaller.
-  const double r = z.real() - std::nearbyint(z.real());
-  const Cx qm1 = exp_2pi_i_minus_1(r, z.imag());
-  const Cx q = std::polar(std::exp(-2.0 * kPi * z.imag()), 2.0 * kPi * r);
-  Cx a = 0.0;
+    for (int m = n - 1; m >= 0; --m) e[m] = (m > 0 ? (n - m) * e[m - 1] : 0.0L) + (m + 1) * e[m];
+  // q - 1 by expm1, which keeps its digits near the integers, where it
+  // vanishes; q itself straight from its polar form, which keeps them where
+  // q is far smaller than 1.
+  constexpr R two_pi = 6.28318530717958647692528676655900577L;
+  const R u = two_pi * (z.real() - std::nearbyint(z.real())), v = two_pi * z.imag();
+  const R half = std::sin(0.5L * u);
+  const W one_minus_q(2.0L * half * half - std::expm1(-v) * std::cos(u), -std::exp(-v) * std::sin(u));
+  const W q = std::polar(std::exp(-v), u);
+  W a = 0.0L;
   for (int j = k - 1; j >= 0; --j) a = a * q + e[j];
-  const Cx tpi(0.0, 2.0 * kPi);
-  return Cx(0.0, -2.0) * std::pow(tpi, k) * q * a / std::pow(-qm1, k + 1);
+  W num = W(0.0L, -2.0L) * q * a, den = one_minus_q;
+  for (int j = 0; j < k; ++j) {
+    num *= W(0.0L, two_pi);
+    den *= one_minus_q;
+  }
+  return narrow<Cx>(num / den);
 }
 
 // psi^(k)(z) anywhere but at the poles: left of the imaginary axis by the

@@ -56,10 +56,9 @@ const Case kCases[] = {
     {"s11abc", s11abc, 8, none},
     {"s11acc", WITH_FAIL(s11acc), 8, none},
     {"s13aac", WITH_FAIL(s13aac), 8, none},
-    // Below 16, Ci = ln x + a 22-term series that passes through zero; the
-    // series' rounding, about 2 units of 2^-53 of its largest terms, stays
-    // in the sum.
-    {"s13acc", WITH_FAIL(s13acc), 10, ci_scale},
+    // Below 16, Ci = ln x + a 22-term series that passes through zero,
+    // evaluated with compensation: near 1.4 units measured.
+    {"s13acc", WITH_FAIL(s13acc), 4, ci_scale},
     {"s13adc", s13adc, 8, none},
     {"s14aac", WITH_FAIL(s14aac), 8, none, gamma_near_zero},
     {"s14abc", WITH_FAIL(s14abc), 8, lgamma_scale},
@@ -68,11 +67,11 @@ const Case kCases[] = {
     {"s15adc", s15adc, 8, none},
     {"s15aec", s15aec, 8, none},
     {"s15afc", s15afc, 8, none},
-    // Up to |x| = 3 the Fresnel integrals rest on 20-term expansions whose
-    // first omitted Chebyshev coefficient (1e-16 for S(x)/x^3, where that
-    // function falls to 0.018) bounds what they can give.
-    {"s20acc", s20acc, 13, none, fresnel_small},
-    {"s20adc", s20adc, 13, none, fresnel_small},
+    // Up to |x| = 3 the 20-term expansions, whose first omitted Chebyshev
+    // coefficient is 4 units of 2^-53 of C(x)/x at x = 3: 2.9 (S) and 4.4
+    // (C) units measured.
+    {"s20acc", s20acc, 4, none, fresnel_small},
+    {"s20adc", s20adc, 6, none, fresnel_small},
 };
 
 class Accuracy : public ::testing::TestWithParam<Case> {};
@@ -131,12 +130,11 @@ TEST(IncompleteGamma, PairAgainstReference) {
     // In the tails (the smaller ratio below 0.1) each is held to its own
     // size: there the exponent a (lambda - 1 - ln lambda) of the front
     // factor runs to hundreds, and an error of one unit in it would show
-    // that many times over.  Below a = 1 the series forms Q as 1 - P with P
-    // near 1, which the bound above covers.
+    // that many times over.  Below a = 1, Q is of the order of a.
     const bool p_tail = r.values[0] < 0.1L, q_tail = r.values[1] < 0.1L;
-    if (a >= 1.0 && p_tail && std::fabs(r.values[0]) > 1e-300)
+    if (p_tail && std::fabs(r.values[0]) > 1e-300)
       EXPECT_LE(ulps(p, r.values[0]), 8) << "P tail a=" << a << " x=" << x;
-    if (a >= 1.0 && q_tail && std::fabs(r.values[1]) > 1e-300)
+    if (q_tail && std::fabs(r.values[1]) > 1e-300)
       EXPECT_LE(ulps(q, r.values[1]), 8) << "Q tail a=" << a << " x=" << x;
   }
   std::printf("[ accuracy ] s14bac: max %.2f ulp in P (x = %.6g), %.2f ulp in Q (x = %.6g)\n", worst_p.ulps,
