@@ -94,24 +94,39 @@ struct Chunk {
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
     pair_end = std::min<Integer>(end, (m + 1) / 2);
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
-      const Integer kk[2] = {k, std::min<Integer>(k + 1, end - 1)};
+      const bool both = k + 1 < end;
       Pair w_r[F], w_i[F];
-      powers<F>(kk[0], kk[1], F * m, w_r, w_i);
-      for (int q = 1; q < F; ++q)
-        for (int lane = 0; lane < 2; ++lane) {
-          wr[q][kk[lane] - first] = w_r[q][lane];
-          wi[q][kk[lane] - first] = w_i[q][lane];
-        }
-      if (!rc) continue;
+      powers<F>(k, both ? k + 1 : k, F * m, w_r, w_i);
+      const Integer i = k - first;
       for (int q = 1; q < F; ++q) {
-        const Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
-        for (int lane = 0; lane < 2; ++lane)
-          if (kk[lane] < pair_end) {
-            pr[q][pair_end - 1 - kk[lane]] = tr[lane];
-            pi[q][pair_end - 1 - kk[lane]] = ti[lane];
-          }
+        put(&wr[q][i], w_r[q], both);
+        put(&wi[q][i], w_i[q], both);
+      }
+      if (!rc || k >= pair_end) continue;
+      // The partners fall as k rises: k+1 (if paired too) goes first.
+      const bool both_paired = k + 1 < pair_end;
+      const Integer j = pair_end - 1 - k - both_paired;
+      for (int q = 1; q < F; ++q) {
+        Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        if (both_paired) {
+          tr = flip(tr);
+          ti = flip(ti);
+        }
+        put(&pr[q][j], tr, both_paired);
+        put(&pi[q][j], ti, both_paired);
       }
     }
+  }
+
+  // Both lanes in one store, or the first alone.  The sweep reads the
+  // twiddles back two at a time, right after: a pair load that spans two
+  // scalar stores still in flight cannot be forwarded from them and waits
+  // for both to reach the cache.
+  [[gnu::always_inline]] static void put(double* p, Pair v, bool both) {
+    if (both)
+      store(p, v);
+    else
+      *p = v[0];
   }
 };
 
