@@ -135,9 +135,10 @@ using Column = const double (*)[kChunk];
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
 // The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
-// neighbouring indices, the next group's offset for two trivial
-// butterflies), its twiddles in column i of wr, wi; null tables for the
-// trivial twiddle at k = 0, which costs no multiplication.
+// neighbouring indices, the next group's offset for the same index of two
+// groups), its twiddles in column i of wr, wi (the same column for both
+// lanes when they are two groups); null tables for the trivial twiddle at
+// k = 0, which costs no multiplication.
 template <class T, class D>
 [[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
                                                      Integer o, Column wr, Column wi, Integer i,
@@ -154,7 +155,8 @@ template <class T, class D>
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
-      const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
+      const T cr = gap == 1 ? load<T>(&wr[q][i]) : splat<T>(wr[q][i]);
+      const T ci = gap == 1 ? load<T>(&wi[q][i]) : splat<T>(wi[q][i]);
       store(x + t, gap, re[q] * cr - im[q] * ci);
       store(y + t, gap, re[q] * ci + im[q] * cr);
     } else {
@@ -172,26 +174,38 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   roots(F, rc, rs);
   Chunk<F> c;
 
-  // The butterflies of len consecutive indices from o, two at a time.  When
-  // the span is a multiple of 512 the rows of a butterfly lie a multiple of
+  // The butterflies of len consecutive indices from o, two at a time, in
+  // one group or (groups = 2) in it and the next.  When the span is a
+  // multiple of 512 the rows of a butterfly lie a multiple of
   // 4 KiB apart, so all 2f of its lines of x and y share one set of the
   // first-level cache, more than its ways: each pair of indices then
   // reloaded every line.  Eight indices at a time use each line whole once
   // it is in; the values that do not fit the registers go to the stack,
   // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
   // radix 8 of the long powers of two needs it; compiled into the other
-  // radices' passes too it cost them through worse inlining.
-  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i) {
-    Integer a = 0;
-    if constexpr (F == 8)
-      if (m % 512 == 0)
-        for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, o + a, wr, wi, i + a);
-    for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
-    if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
+  // radices' passes too it cost them through worse inlining.  An odd index
+  // left over in two groups runs as one pair across them: at small spans
+  // (m = 2, the index 1 alone) that is every twiddled butterfly of the pass.
+  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i, int groups)
+                 __attribute__((always_inline)) {
+    for (int h = 0; h < groups; ++h) {
+      const Integer oh = o + h * fm;
+      Integer a = 0;
+      if constexpr (F == 8)
+        if (m % 512 == 0)
+          for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, oh + a, wr, wi, i + a);
+      for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, oh + a, wr, wi, i + a);
+    }
+    if (len % 2 == 0) return;
+    if (groups == 2)
+      complex_butterfly<Pair>(dft, m, x, y, o + len - 1, wr, wi, i + len - 1, fm);
+    else
+      complex_butterfly<double>(dft, m, x, y, o + len - 1, wr, wi, i + len - 1);
   };
-  auto rest = [&](Integer g, Integer k0) {
-    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first);
-    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
+  auto rest = [&](Integer g, Integer k0, int groups) __attribute__((always_inline)) {
+    if (c.end <= k0) return;  // m = 1: the trivial butterfly alone
+    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first, groups);
+    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0, groups);
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
@@ -200,15 +214,13 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
     Integer g = 0;
     // The trivial butterflies of two groups side by side: in the last pass,
     // where m = 1, they are the whole pass.
-    if (first == 0)
-      for (; g + fm < n; g += 2 * fm) {
-        complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
-        rest(g, k0);
-        rest(g + fm, k0);
-      }
+    for (; g + fm < n; g += 2 * fm) {
+      if (first == 0) complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
+      rest(g, k0, 2);
+    }
     for (; g < n; g += fm) {
       if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
-      rest(g, k0);
+      rest(g, k0, 1);
     }
   }
 }
