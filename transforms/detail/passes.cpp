@@ -52,21 +52,22 @@ inline void sin_cos(Pair a, Pair& s, Pair& c) {
   c = reflect ? sr : cr;
 }
 
-// The twiddles of indices k and k1 (the same index twice for one alone) in
-// a pass of radix f and span m: the angle k*2*pi/(f*m), and its powers
-// exp(-i*l*angle), l < f, from one sine and cosine by the recurrence
-// w(l) = w(l-1)*w(1).
+// exp(-i*l*angle), l < f, for the angles of two indices, from their
+// cosines c and sines s by the recurrence w(l) = w(l-1)*w(1).
 template <int F>
-[[gnu::always_inline]] inline void powers(Integer k, Integer k1, Integer fm, Pair* wr, Pair* wi) {
-  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k1)} * kTwoPi / static_cast<double>(fm);
-  Pair s, c;
-  sin_cos(angle, s, c);
+[[gnu::always_inline]] inline void powers(Pair c, Pair s, Pair* wr, Pair* wi) {
   wr[1] = c;
   wi[1] = -s;
   for (int l = 2; l < F; ++l) {
     wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
     wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
   }
+}
+
+// cos and sin of the angles of indices k and k+1, k*2*pi/fm.
+[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, Pair& s, Pair& c) {
+  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k + 1)} * kTwoPi / static_cast<double>(fm);
+  sin_cos(angle, s, c);
 }
 
 // Twiddles of up to kChunk consecutive indices k (with, in the complex
@@ -85,6 +86,24 @@ struct Chunk {
   double wr[F][kChunk], wi[F][kChunk];  // exp(-i*q*angle(k)) at [q][k - first]
   // The same for m-k, at [q][pair_end - 1 - k]: ascending with m-k.
   double pr[F][kChunk], pi[F][kChunk];
+  // cos and sin of the angles of the offsets j < kChunk within a chunk,
+  // made once per pass.  A chunk's own angle, once per chunk, turns them
+  // into the angles of its indices by the angle-sum formulas: one complex
+  // product per index where the series took most of the cost of a pass
+  // over a long span with a small radix (the first complex pass of 720,
+  // the last real pass of 1024).  The two factors are within about an ulp
+  // each and are not iterated, so the error does not grow along the span.
+  double oc[kChunk] = {}, os[kChunk] = {};
+
+  explicit Chunk(Integer m) {
+    const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
+    for (Integer j = 0; j < offsets; j += 2) {
+      Pair s, c;
+      angle_sin_cos(j, F * m, s, c);
+      store(oc + j, c);
+      store(os + j, s);
+    }
+  }
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
   // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
@@ -93,11 +112,19 @@ struct Chunk {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
     pair_end = std::min<Integer>(end, (m + 1) / 2);
+    Pair base_s = {}, base_c = {};
+    if (first > 0) angle_sin_cos(first, F * m, base_s, base_c);
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
       const bool both = k + 1 < end;
-      Pair w_r[F], w_i[F];
-      powers<F>(k, both ? k + 1 : k, F * m, w_r, w_i);
       const Integer i = k - first;
+      Pair c = load<Pair>(oc + i), s = load<Pair>(os + i);
+      if (first > 0) {
+        const Pair ct = c;
+        c = base_c[0] * ct - base_s[0] * s;
+        s = base_s[0] * ct + base_c[0] * s;
+      }
+      Pair w_r[F], w_i[F];
+      powers<F>(c, s, w_r, w_i);
       for (int q = 1; q < F; ++q) {
         put(&wr[q][i], w_r[q], both);
         put(&wi[q][i], w_i[q], both);
@@ -172,7 +199,7 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   const Integer fm = F * m;
   double rc[F], rs[F];
   roots(F, rc, rs);
-  Chunk<F> c;
+  Chunk<F> c(m);
 
   // The butterflies of len consecutive indices from o, two at a time, in
   // one group or (groups = 2) in it and the next.  When the span is a
@@ -238,7 +265,7 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
   double re[F], im[F];
-  Chunk<F> c;
+  Chunk<F> c(m);
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
   // T = Pair does the groups g and g+f*m, which in the first pass, where
@@ -338,7 +365,7 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
   double re[F], im[F];
-  Chunk<F> c;
+  Chunk<F> c(m);
 
   // Reads Z(r + l*m) from the group's Hermitian layout.
   auto read_group = [&](Integer g, Integer r) __attribute__((always_inline)) {
