@@ -53,14 +53,18 @@ inline void sin_cos(Pair a, Pair& s, Pair& c) {
 }
 
 // exp(-i*l*angle), l < f, for the angles of two indices, from their
-// cosines c and sines s by the recurrence w(l) = w(l-1)*w(1).
+// cosines c and sines s as products w(l) = w(l/2)*w(l - l/2): each power
+// takes as many roundings as by the chain w(l-1)*w(1), but the chain of
+// dependent products is log2(f) long instead of f-2, which is what a short
+// transform, with few indices to overlap, waits on.
 template <int F>
 [[gnu::always_inline]] inline void powers(Pair c, Pair s, Pair* wr, Pair* wi) {
   wr[1] = c;
   wi[1] = -s;
   for (int l = 2; l < F; ++l) {
-    wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
-    wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
+    const int a = l / 2, b = l - a;
+    wr[l] = wr[a] * wr[b] - wi[a] * wi[b];
+    wi[l] = wr[a] * wi[b] + wi[a] * wr[b];
   }
 }
 
@@ -93,7 +97,9 @@ struct Chunk {
   // over a long span with a small radix (the first complex pass of 720,
   // the last real pass of 1024).  The two factors are within about an ulp
   // each and are not iterated, so the error does not grow along the span.
-  double oc[kChunk] = {}, os[kChunk] = {};
+  // One spare slot: the last index of the first chunk, k = kChunk - 1, is
+  // read together with its unused neighbour.
+  double oc[kChunk + 1] = {}, os[kChunk + 1] = {};
 
   explicit Chunk(Integer m) {
     const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
