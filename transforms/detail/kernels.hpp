@@ -39,6 +39,15 @@ template <class T>
 [[gnu::always_inline]] inline void store(double* p, Pair v) { std::memcpy(p, &v, sizeof v); }
 [[gnu::always_inline]] inline void store(double* p, Line v) { std::memcpy(p, &v, sizeof v); }
 
+// One value in every lane (a twiddle shared by two groups).
+template <class T>
+[[gnu::always_inline]] inline T splat(double v) {
+  if constexpr (sizeof(T) == sizeof(double))
+    return v;
+  else
+    return T{v, v};
+}
+
 // The same for elements p and p+gap: the trivial butterflies of two
 // neighbouring groups.
 template <class T>

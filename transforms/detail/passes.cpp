@@ -52,21 +52,26 @@ inline void sin_cos(Pair a, Pair& s, Pair& c) {
   c = reflect ? sr : cr;
 }
 
-// The twiddles of indices k and k1 (the same index twice for one alone) in
-// a pass of radix f and span m: the angle k*2*pi/(f*m), and its powers
-// exp(-i*l*angle), l < f, from one sine and cosine by the recurrence
-// w(l) = w(l-1)*w(1).
+// exp(-i*l*angle), l < f, for the angles of two indices, from their
+// cosines c and sines s as products w(l) = w(l/2)*w(l - l/2): each power
+// takes as many roundings as by the chain w(l-1)*w(1), but the chain of
+// dependent products is log2(f) long instead of f-2, which is what a short
+// transform, with few indices to overlap, waits on.
 template <int F>
-[[gnu::always_inline]] inline void powers(Integer k, Integer k1, Integer fm, Pair* wr, Pair* wi) {
-  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k1)} * kTwoPi / static_cast<double>(fm);
-  Pair s, c;
-  sin_cos(angle, s, c);
+[[gnu::always_inline]] inline void powers(Pair c, Pair s, Pair* wr, Pair* wi) {
   wr[1] = c;
   wi[1] = -s;
   for (int l = 2; l < F; ++l) {
-    wr[l] = wr[l - 1] * wr[1] - wi[l - 1] * wi[1];
-    wi[l] = wr[l - 1] * wi[1] + wi[l - 1] * wr[1];
+    const int a = l / 2, b = l - a;
+    wr[l] = wr[a] * wr[b] - wi[a] * wi[b];
+    wi[l] = wr[a] * wi[b] + wi[a] * wr[b];
   }
+}
+
+// cos and sin of the angles of indices k and k+1, k*2*pi/fm.
+[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, Pair& s, Pair& c) {
+  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k + 1)} * kTwoPi / static_cast<double>(fm);
+  sin_cos(angle, s, c);
 }
 
 // Twiddles of up to kChunk consecutive indices k (with, in the complex
@@ -85,6 +90,26 @@ struct Chunk {
   double wr[F][kChunk], wi[F][kChunk];  // exp(-i*q*angle(k)) at [q][k - first]
   // The same for m-k, at [q][pair_end - 1 - k]: ascending with m-k.
   double pr[F][kChunk], pi[F][kChunk];
+  // cos and sin of the angles of the offsets j < kChunk within a chunk,
+  // made once per pass.  A chunk's own angle, once per chunk, turns them
+  // into the angles of its indices by the angle-sum formulas: one complex
+  // product per index where the series took most of the cost of a pass
+  // over a long span with a small radix (the first complex pass of 720,
+  // the last real pass of 1024).  The two factors are within about an ulp
+  // each and are not iterated, so the error does not grow along the span.
+  // One spare slot: the last index of the first chunk, k = kChunk - 1, is
+  // read together with its unused neighbour.
+  double oc[kChunk + 1] = {}, os[kChunk + 1] = {};
+
+  explicit Chunk(Integer m) {
+    const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
+    for (Integer j = 0; j < offsets; j += 2) {
+      Pair s, c;
+      angle_sin_cos(j, F * m, s, c);
+      store(oc + j, c);
+      store(os + j, s);
+    }
+  }
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
   // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
@@ -93,25 +118,48 @@ struct Chunk {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
     pair_end = std::min<Integer>(end, (m + 1) / 2);
+    Pair base_s = {}, base_c = {};
+    if (first > 0) angle_sin_cos(first, F * m, base_s, base_c);
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
-      const Integer kk[2] = {k, std::min<Integer>(k + 1, end - 1)};
+      const bool both = k + 1 < end;
+      const Integer i = k - first;
+      Pair c = load<Pair>(oc + i), s = load<Pair>(os + i);
+      if (first > 0) {
+        const Pair ct = c;
+        c = base_c[0] * ct - base_s[0] * s;
+        s = base_s[0] * ct + base_c[0] * s;
+      }
       Pair w_r[F], w_i[F];
-      powers<F>(kk[0], kk[1], F * m, w_r, w_i);
-      for (int q = 1; q < F; ++q)
-        for (int lane = 0; lane < 2; ++lane) {
-          wr[q][kk[lane] - first] = w_r[q][lane];
-          wi[q][kk[lane] - first] = w_i[q][lane];
-        }
-      if (!rc) continue;
+      powers<F>(c, s, w_r, w_i);
       for (int q = 1; q < F; ++q) {
-        const Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
-        for (int lane = 0; lane < 2; ++lane)
-          if (kk[lane] < pair_end) {
-            pr[q][pair_end - 1 - kk[lane]] = tr[lane];
-            pi[q][pair_end - 1 - kk[lane]] = ti[lane];
-          }
+        put(&wr[q][i], w_r[q], both);
+        put(&wi[q][i], w_i[q], both);
+      }
+      if (!rc || k >= pair_end) continue;
+      // The partners fall as k rises: k+1 (if paired too) goes first.
+      const bool both_paired = k + 1 < pair_end;
+      const Integer j = pair_end - 1 - k - both_paired;
+      for (int q = 1; q < F; ++q) {
+        Pair tr = rc[q] * w_r[q] - rs[q] * w_i[q], ti = -rc[q] * w_i[q] - rs[q] * w_r[q];
+        if (both_paired) {
+          tr = flip(tr);
+          ti = flip(ti);
+        }
+        put(&pr[q][j], tr, both_paired);
+        put(&pi[q][j], ti, both_paired);
       }
     }
+  }
+
+  // Both lanes in one store, or the first alone.  The sweep reads the
+  // twiddles back two at a time, right after: a pair load that spans two
+  // scalar stores still in flight cannot be forwarded from them and waits
+  // for both to reach the cache.
+  [[gnu::always_inline]] static void put(double* p, Pair v, bool both) {
+    if (both)
+      store(p, v);
+    else
+      *p = v[0];
   }
 };
 
@@ -120,9 +168,10 @@ using Column = const double (*)[kChunk];
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
 // The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
-// neighbouring indices, the next group's offset for two trivial
-// butterflies), its twiddles in column i of wr, wi; null tables for the
-// trivial twiddle at k = 0, which costs no multiplication.
+// neighbouring indices, the next group's offset for the same index of two
+// groups), its twiddles in column i of wr, wi (the same column for both
+// lanes when they are two groups); null tables for the trivial twiddle at
+// k = 0, which costs no multiplication.
 template <class T, class D>
 [[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
                                                      Integer o, Column wr, Column wi, Integer i,
@@ -139,7 +188,8 @@ template <class T, class D>
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
-      const T cr = load<T>(&wr[q][i]), ci = load<T>(&wi[q][i]);
+      const T cr = gap == 1 ? load<T>(&wr[q][i]) : splat<T>(wr[q][i]);
+      const T ci = gap == 1 ? load<T>(&wi[q][i]) : splat<T>(wi[q][i]);
       store(x + t, gap, re[q] * cr - im[q] * ci);
       store(y + t, gap, re[q] * ci + im[q] * cr);
     } else {
@@ -155,28 +205,40 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
   const Integer fm = F * m;
   double rc[F], rs[F];
   roots(F, rc, rs);
-  Chunk<F> c;
+  Chunk<F> c(m);
 
-  // The butterflies of len consecutive indices from o, two at a time.  When
-  // the span is a multiple of 512 the rows of a butterfly lie a multiple of
+  // The butterflies of len consecutive indices from o, two at a time, in
+  // one group or (groups = 2) in it and the next.  When the span is a
+  // multiple of 512 the rows of a butterfly lie a multiple of
   // 4 KiB apart, so all 2f of its lines of x and y share one set of the
   // first-level cache, more than its ways: each pair of indices then
   // reloaded every line.  Eight indices at a time use each line whole once
   // it is in; the values that do not fit the registers go to the stack,
   // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
   // radix 8 of the long powers of two needs it; compiled into the other
-  // radices' passes too it cost them through worse inlining.
-  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i) {
-    Integer a = 0;
-    if constexpr (F == 8)
-      if (m % 512 == 0)
-        for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, o + a, wr, wi, i + a);
-    for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, o + a, wr, wi, i + a);
-    if (a < len) complex_butterfly<double>(dft, m, x, y, o + a, wr, wi, i + a);
+  // radices' passes too it cost them through worse inlining.  An odd index
+  // left over in two groups runs as one pair across them: at small spans
+  // (m = 2, the index 1 alone) that is every twiddled butterfly of the pass.
+  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i, int groups)
+                 __attribute__((always_inline)) {
+    for (int h = 0; h < groups; ++h) {
+      const Integer oh = o + h * fm;
+      Integer a = 0;
+      if constexpr (F == 8)
+        if (m % 512 == 0)
+          for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, oh + a, wr, wi, i + a);
+      for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, oh + a, wr, wi, i + a);
+    }
+    if (len % 2 == 0) return;
+    if (groups == 2)
+      complex_butterfly<Pair>(dft, m, x, y, o + len - 1, wr, wi, i + len - 1, fm);
+    else
+      complex_butterfly<double>(dft, m, x, y, o + len - 1, wr, wi, i + len - 1);
   };
-  auto rest = [&](Integer g, Integer k0) {
-    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first);
-    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0);
+  auto rest = [&](Integer g, Integer k0, int groups) __attribute__((always_inline)) {
+    if (c.end <= k0) return;  // m = 1: the trivial butterfly alone
+    run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first, groups);
+    run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0, groups);
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
@@ -185,15 +247,13 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
     Integer g = 0;
     // The trivial butterflies of two groups side by side: in the last pass,
     // where m = 1, they are the whole pass.
-    if (first == 0)
-      for (; g + fm < n; g += 2 * fm) {
-        complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
-        rest(g, k0);
-        rest(g + fm, k0);
-      }
+    for (; g + fm < n; g += 2 * fm) {
+      if (first == 0) complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
+      rest(g, k0, 2);
+    }
     for (; g < n; g += fm) {
       if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
-      rest(g, k0);
+      rest(g, k0, 1);
     }
   }
 }
@@ -211,7 +271,7 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
   double re[F], im[F];
-  Chunk<F> c;
+  Chunk<F> c(m);
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
   // T = Pair does the groups g and g+f*m, which in the first pass, where
@@ -311,7 +371,7 @@ void hermitian_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
   double re[F], im[F];
-  Chunk<F> c;
+  Chunk<F> c(m);
 
   // Reads Z(r + l*m) from the group's Hermitian layout.
   auto read_group = [&](Integer g, Integer r) __attribute__((always_inline)) {
@@ -659,18 +719,25 @@ void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
 }
 
 // Two quotients per instruction: a packed division rounds each lane exactly
-// as the scalar one does, at about half the cost per element.
+// as the scalar one does, at about half the cost per element.  When d is a
+// power of two (sqrt(n) at n = 4^j, every power-of-two length of the speed
+// note), 1/d is exact and x*(1/d) is the same real number as x/d, so the
+// product rounds to the very quotient, subnormal ones included: the
+// divider, whose throughput set the pace of this whole step, is then left
+// out.
 void divide(Integer n, double* x, double d) {
-  typedef double Pair __attribute__((vector_size(16)));
-  const Pair dd = {d, d};
-  Integer i = 0;
-  for (; i + 2 <= n; i += 2) {
-    Pair v;
-    std::memcpy(&v, x + i, sizeof v);
-    v /= dd;
-    std::memcpy(x + i, &v, sizeof v);
+  auto each = [&](auto op) {
+    Integer i = 0;
+    for (; i + 2 <= n; i += 2) store(x + i, op(load<Pair>(x + i)));
+    for (; i < n; ++i) x[i] = op(Pair{x[i], 0.0})[0];
+  };
+  int e;
+  if (std::frexp(d, &e) == 0.5) {
+    const double r = 1.0 / d;
+    each([r](Pair v) { return v * r; });
+  } else {
+    each([d](Pair v) { return v / d; });
   }
-  for (; i < n; ++i) x[i] /= d;
 }
 
 }  // namespace zil::fft
