@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <type_traits>
 
 #include "zil_frame.h"
@@ -39,6 +40,26 @@ class Workspace {
 
  private:
   T* p_ = nullptr;
+};
+
+// Workspace that a routine keeps to itself and that is usually small: up to N
+// elements live in the holder (on the routine's stack), so that a short run
+// makes no call to the allocator; larger blocks come from a Workspace.
+template <class T, std::size_t N>
+class LocalWorkspace {
+ public:
+  explicit LocalWorkspace(std::size_t n) {
+    if (n > N) heap_.emplace(n);
+  }
+  LocalWorkspace(const LocalWorkspace&) = delete;
+  LocalWorkspace& operator=(const LocalWorkspace&) = delete;
+
+  explicit operator bool() const { return !heap_ || static_cast<bool>(*heap_); }
+  T* get() { return heap_ ? heap_->get() : local_; }
+
+ private:
+  T local_[N];
+  std::optional<Workspace<T>> heap_;
 };
 
 }  // namespace zil

@@ -27,12 +27,13 @@ struct CommFun {
 // release them with x04bdc) and the workspace of the loop.
 class ResultLists {
  public:
-  // iord and the levels share one block: a run takes no more from the
-  // allocator than it must.
+  // iord and the levels share one block, held on the stack up to 512
+  // entries (256 subintervals with levels): a run takes no more from the
+  // allocator than the four arrays it hands over.
   ResultLists(Integer n, bool levels)
       : n_(n), lo_(n), up_(n), res_(n), err_(n), iord_(levels ? 2 * std::size_t(n) : n), levels_(levels) {}
   explicit operator bool() const { return lo_ && up_ && res_ && err_ && iord_; }
-  Lists lists(Integer limit) const {
+  Lists lists(Integer limit) {
     return Lists{lo_.get(), up_.get(), res_.get(), err_.get(), iord_.get(),
                  levels_ ? iord_.get() + n_ : nullptr, limit};
   }
@@ -43,7 +44,7 @@ class ResultLists {
  private:
   Integer n_;
   Workspace<double> lo_, up_, res_, err_;
-  Workspace<Integer> iord_;
+  LocalWorkspace<Integer, 512> iord_;
   bool levels_;
 };
 
