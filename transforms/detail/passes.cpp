@@ -459,7 +459,7 @@ void with_radix(Integer f, Fn&& fn) {
 inline constexpr long kTile = 8;
 
 template <class Data>
-void reorder_squares(long n, const Integer* digit, Data data) {
+void reorder_squares(const Integer* digit, Data data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
@@ -491,9 +491,15 @@ void reorder_squares(long n, const Integer* digit, Data data) {
   }
   // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
   // kept alongside; weight[i] is the weight of digit i in rev(mid).
-  long weight[kListSize], count[kListSize] = {};
-  for (int i = t; i < len - t; ++i) weight[i] = i == t ? 1 : weight[i - 1] * digit[i - 1];
-  const long row = n / tile, mids = row / tile;
+  // mids and row = mids * tile as products, not as quotients of the length:
+  // the two 64-bit divisions they replace were a tenth of a complex
+  // transform of 64.
+  long weight[kListSize], count[kListSize] = {}, mids = 1;
+  for (int i = t; i < len - t; ++i) {
+    weight[i] = mids;
+    mids *= digit[i];
+  }
+  const long row = mids * tile;
   long rmid = 0;
   for (long mid = 0; mid < mids; ++mid) {
     // In a tile that is its own image, element (a, b) goes to (rb[b],
@@ -691,7 +697,7 @@ struct TwoArrays {
 
 template <class Data>
 void reorder(Integer n, const Factors& fac, Data data) {
-  data.each([&](OneArray a) { reorder_squares(n, fac.digit, a); });
+  data.each([&](OneArray a) { reorder_squares(fac.digit, a); });
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
