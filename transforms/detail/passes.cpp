@@ -494,32 +494,37 @@ void reorder_squares(const Integer* digit, Data data) {
   // mids and row = mids * tile as products, not as quotients of the length:
   // the two 64-bit divisions they replace were a tenth of a complex
   // transform of 64.
-  long weight[kListSize], count[kListSize] = {}, mids = 1;
+  long weight[kListSize], mids = 1;
   for (int i = t; i < len - t; ++i) {
     weight[i] = mids;
     mids *= digit[i];
   }
   const long row = mids * tile;
-  long rmid = 0;
-  for (long mid = 0; mid < mids; ++mid) {
-    // In a tile that is its own image, element (a, b) goes to (rb[b],
-    // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
-    // fixed point): bounding the loop so swaps each pair once with no test
-    // in the loop, whose outcome no branch predictor could follow.
-    if (mid <= rmid) {
-      const long p0 = mid * tile, q0 = rmid * tile;
-      for (long b = 0; b < tile; ++b) {
-        const long rows = mid < rmid ? tile : rb[b];
-        for (long a = 0; a < rows; ++a) data.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
+  // The tables above are made once for the arrays moved alike; the walk
+  // runs over one array at a time, which spares the complex transform the
+  // stalls of interleaved accesses to x and y.
+  data.each([&](auto one) {
+    long rmid = 0, count[kListSize] = {};
+    for (long mid = 0; mid < mids; ++mid) {
+      // In a tile that is its own image, element (a, b) goes to (rb[b],
+      // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
+      // fixed point): bounding the loop so swaps each pair once with no test
+      // in the loop, whose outcome no branch predictor could follow.
+      if (mid <= rmid) {
+        const long p0 = mid * tile, q0 = rmid * tile;
+        for (long b = 0; b < tile; ++b) {
+          const long rows = mid < rmid ? tile : rb[b];
+          for (long a = 0; a < rows; ++a) one.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
+        }
+      }
+      for (int i = len - t - 1; i >= t; --i) {
+        rmid += weight[i];
+        if (++count[i] < digit[i]) break;
+        rmid -= digit[i] * weight[i];
+        count[i] = 0;
       }
     }
-    for (int i = len - t - 1; i >= t; --i) {
-      rmid += weight[i];
-      if (++count[i] < digit[i]) break;
-      rmid -= digit[i] * weight[i];
-      count[i] = 0;
-    }
-  }
+  });
 }
 
 // Division of a 32-bit index by a small fixed divisor through one 64-bit
@@ -697,7 +702,7 @@ struct TwoArrays {
 
 template <class Data>
 void reorder(Integer n, const Factors& fac, Data data) {
-  data.each([&](OneArray a) { reorder_squares(fac.digit, a); });
+  reorder_squares(fac.digit, data);
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
