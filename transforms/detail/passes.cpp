@@ -6,6 +6,7 @@
 #include "transforms/detail/passes.hpp"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -98,17 +99,23 @@ struct Chunk {
   // the last real pass of 1024).  The two factors are within about an ulp
   // each and are not iterated, so the error does not grow along the span.
   // One spare slot: the last index of the first chunk, k = kChunk - 1, is
-  // read together with its unused neighbour.
-  double oc[kChunk + 1] = {}, os[kChunk + 1] = {};
+  // read together with its unused neighbour.  Only the two slots that can
+  // be read without being computed (that one, and the one after the last
+  // offset of a single short chunk) are cleared, so that an unused lane
+  // never holds a subnormal: clearing the whole table compiled to two
+  // string stores, whose start-up was a tenth of a real transform of 64.
+  double oc[kChunk + 1], os[kChunk + 1];
 
   explicit Chunk(Integer m) {
     const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
-    for (Integer j = 0; j < offsets; j += 2) {
+    // m = 1 has the index 0 alone, whose twiddle is never read.
+    for (Integer j = 0; j < offsets && m > 1; j += 2) {
       Pair s, c;
       angle_sin_cos(j, F * m, s, c);
       store(oc + j, c);
       store(os + j, s);
     }
+    oc[offsets] = os[offsets] = oc[kChunk] = os[kChunk] = 0.0;
   }
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
@@ -270,7 +277,6 @@ template <class D>
 void real_pass(const D& dft, Integer n, Integer m, double* x) {
   constexpr int F = D::f;
   const Integer fm = F * m;
-  double re[F], im[F];
   Chunk<F> c(m);
 
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
@@ -293,16 +299,28 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
-  // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1.
-  auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i) __attribute__((always_inline)) {
+  // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1 of
+  // one group (gap 1), or index k of the groups g and g+f*m (gap f*m), which
+  // then share its twiddles; the partner elements m-k fall as k rises only
+  // in the first case.
+  auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i, Integer gap = 1)
+                         __attribute__((always_inline)) {
     using T = decltype(lanes);
+    auto down = [gap](const double* p) { return gap == 1 ? load_down<T>(p) : load<T>(p, gap); };
+    auto put_down = [gap](double* p, T v) {
+      if (gap == 1)
+        store_down(p, v);
+      else
+        store(p, gap, v);
+    };
+    auto twiddle = [&](const double* w) { return gap == 1 ? load<T>(w) : splat<T>(*w); };
     T zr[F], zi[F];
-    zr[0] = load<T>(x + g + k);
-    zi[0] = load_down<T>(x + g + m - k);
+    zr[0] = load<T>(x + g + k, gap);
+    zi[0] = down(x + g + m - k);
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
-      const T a = load<T>(x + b + k), d = load_down<T>(x + b + m - k);
-      const T cr = load<T>(&c.wr[l][i]), ci = load<T>(&c.wi[l][i]);
+      const T a = load<T>(x + b + k, gap), d = down(x + b + m - k);
+      const T cr = twiddle(&c.wr[l][i]), ci = twiddle(&c.wi[l][i]);
       zr[l] = a * cr - d * ci;
       zi[l] = a * ci + d * cr;
     }
@@ -310,52 +328,60 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     for (int q = 0; q < F; ++q) {
       const Integer kk = k + q * m;
       if (2 * q < F) {
-        store(x + g + kk, zr[q]);
-        store_down(x + g + fm - kk, zi[q]);
+        store(x + g + kk, gap, zr[q]);
+        put_down(x + g + fm - kk, zi[q]);
       } else {
-        store_down(x + g + fm - kk, zr[q]);
-        store(x + g + kk, -zi[q]);
+        put_down(x + g + fm - kk, zr[q]);
+        store(x + g + kk, gap, -zi[q]);
       }
     }
   };
 
-  // k = m/2: real inputs; outputs q and f-1-q are conjugates.
-  auto middle_index = [&](Integer g, Integer k, Integer i) __attribute__((always_inline)) {
-    re[0] = x[g + k];
-    im[0] = 0.0;
+  // k = m/2: real inputs; outputs q and f-1-q are conjugates.  T = Pair
+  // does the groups g and g+f*m.
+  auto middle_index = [&](auto lanes, Integer g, Integer k, Integer i) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    T re[F], im[F];
+    re[0] = load<T>(x + g + k, fm);
+    im[0] = T{};
     for (int l = 1; l < F; ++l) {
-      const double a = x[g + D::place(l) * m + k];
-      re[l] = a * c.wr[l][i];
-      im[l] = a * c.wi[l][i];
+      const T a = load<T>(x + g + D::place(l) * m + k, fm);
+      re[l] = a * splat<T>(c.wr[l][i]);
+      im[l] = a * splat<T>(c.wi[l][i]);
     }
     dft(re, im);
     for (int q = 0; 2 * q + 1 < F; ++q) {
       const Integer kk = k + q * m;
-      x[g + kk] = re[q];
-      x[g + fm - kk] = im[q];
+      store(x + g + kk, fm, re[q]);
+      store(x + g + fm - kk, fm, im[q]);
     }
-    if (F % 2 == 1) x[g + fm / 2] = re[F / 2];
+    if (F % 2 == 1) store(x + g + fm / 2, fm, re[F / 2]);
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
     c.fill(first, m, nullptr, nullptr);
     const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
-    auto rest = [&](Integer g) __attribute__((always_inline)) {
-      Integer k = std::max<Integer>(first, 1);
-      for (; k + 2 <= c.pair_end; k += 2) inner_index(Pair{}, g, k, k - first);
-      if (k < c.pair_end) inner_index(0.0, g, k, k - first);
-      if (middle) middle_index(g, m / 2, m / 2 - first);
+    const Integer k0 = std::max<Integer>(first, 1);
+    const Integer pairs_end = k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
+    // The index pairs of group g; the odd index left over and the middle
+    // one run once for two groups, side by side, as in the complex pass: at
+    // small spans (m = 2 to 8) they are most of a group.
+    auto pairs = [&](Integer g) __attribute__((always_inline)) {
+      for (Integer k = k0; k < pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
     };
     Integer g = 0;
-    if (first == 0)
-      for (; g + fm < n; g += 2 * fm) {
-        first_index(Pair{}, g);
-        rest(g);
-        rest(g + fm);
-      }
+    for (; g + fm < n; g += 2 * fm) {
+      if (first == 0) first_index(Pair{}, g);
+      pairs(g);
+      pairs(g + fm);
+      if (pairs_end < c.pair_end) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
+      if (middle) middle_index(Pair{}, g, m / 2, m / 2 - first);
+    }
     for (; g < n; g += fm) {
       if (first == 0) first_index(0.0, g);
-      rest(g);
+      pairs(g);
+      if (pairs_end < c.pair_end) inner_index(0.0, g, pairs_end, pairs_end - first);
+      if (middle) middle_index(0.0, g, m / 2, m / 2 - first);
     }
   }
 }
@@ -453,7 +479,7 @@ void with_radix(Integer f, Fn&& fn) {
 inline constexpr long kTile = 8;
 
 template <class Data>
-void reorder_squares(long n, const Integer* digit, Data data) {
+void reorder_squares(const Integer* digit, Data data) {
   int len = 0;
   while (digit[len] != 0) ++len;
   if (len == 0) return;
@@ -467,47 +493,54 @@ void reorder_squares(long n, const Integer* digit, Data data) {
   // ra[a]: the leading digits of a (first most significant) read with the
   // first least significant; rb is its inverse, the map of the trailing part.
   long ra[std::max(kTile, long{kLargestPrime})], rb[std::max(kTile, long{kLargestPrime})];
-  {
-    long count[kListSize] = {}, w[kListSize];
-    w[0] = 1;
-    for (int i = 1; i < t; ++i) w[i] = w[i - 1] * digit[i - 1];
-    long r = 0;
-    for (long a = 0; a < tile; ++a) {
-      ra[a] = r;
-      rb[r] = a;
-      for (int i = t - 1; i >= 0; --i) {
-        r += w[i];
+  // ra is built from the most significant digit down, each digit
+  // multiplying its length by its radix (the weight w of digit i in ra(a)
+  // being the product of the digits before it): loops of fixed length, where
+  // an odometer's carries were branches no predictor could follow.
+  ra[0] = 0;
+  for (long i = 0, length = 1, w = 1; i < t; w *= digit[i], length *= digit[i], ++i)
+    for (long a = length; a-- > 0;) {
+      const long high = ra[a];
+      for (long d = 0; d < digit[i]; ++d) ra[a * digit[i] + d] = high + d * w;
+    }
+  for (long a = 0; a < tile; ++a) rb[ra[a]] = a;
+  // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
+  // kept alongside; weight[i] is the weight of digit i in rev(mid).
+  // mids and row = mids * tile as products, not as quotients of the length:
+  // the two 64-bit divisions they replace were a tenth of a complex
+  // transform of 64.
+  long weight[kListSize], mids = 1;
+  for (int i = t; i < len - t; ++i) {
+    weight[i] = mids;
+    mids *= digit[i];
+  }
+  const long row = mids * tile;
+  // The tables above are made once for the arrays moved alike; the walk
+  // runs over one array at a time, which spares the complex transform the
+  // stalls of interleaved accesses to x and y.
+  data.each([&](auto one) {
+    long rmid = 0, count[kListSize];
+    std::fill(count + t, count + len - t, 0);
+    for (long mid = 0; mid < mids; ++mid) {
+      // In a tile that is its own image, element (a, b) goes to (rb[b],
+      // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
+      // fixed point): bounding the loop so swaps each pair once with no test
+      // in the loop, whose outcome no branch predictor could follow.
+      if (mid <= rmid) {
+        const long p0 = mid * tile, q0 = rmid * tile;
+        for (long b = 0; b < tile; ++b) {
+          const long rows = mid < rmid ? tile : rb[b];
+          for (long a = 0; a < rows; ++a) one.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
+        }
+      }
+      for (int i = len - t - 1; i >= t; --i) {
+        rmid += weight[i];
         if (++count[i] < digit[i]) break;
-        r -= digit[i] * w[i];
+        rmid -= digit[i] * weight[i];
         count[i] = 0;
       }
     }
-  }
-  // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
-  // kept alongside; weight[i] is the weight of digit i in rev(mid).
-  long weight[kListSize], count[kListSize] = {};
-  for (int i = t; i < len - t; ++i) weight[i] = i == t ? 1 : weight[i - 1] * digit[i - 1];
-  const long row = n / tile, mids = row / tile;
-  long rmid = 0;
-  for (long mid = 0; mid < mids; ++mid) {
-    // In a tile that is its own image, element (a, b) goes to (rb[b],
-    // ra[a]), which lies after it exactly when a < rb[b] (a = rb[b] is a
-    // fixed point): bounding the loop so swaps each pair once with no test
-    // in the loop, whose outcome no branch predictor could follow.
-    if (mid <= rmid) {
-      const long p0 = mid * tile, q0 = rmid * tile;
-      for (long b = 0; b < tile; ++b) {
-        const long rows = mid < rmid ? tile : rb[b];
-        for (long a = 0; a < rows; ++a) data.swap(a * row + p0 + b, rb[b] * row + q0 + ra[a]);
-      }
-    }
-    for (int i = len - t - 1; i >= t; --i) {
-      rmid += weight[i];
-      if (++count[i] < digit[i]) break;
-      rmid -= digit[i] * weight[i];
-      count[i] = 0;
-    }
-  }
+  });
 }
 
 // Division of a 32-bit index by a small fixed divisor through one 64-bit
@@ -685,7 +718,7 @@ struct TwoArrays {
 
 template <class Data>
 void reorder(Integer n, const Factors& fac, Data data) {
-  data.each([&](OneArray a) { reorder_squares(n, fac.digit, a); });
+  reorder_squares(fac.digit, data);
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
@@ -731,8 +764,9 @@ void divide(Integer n, double* x, double d) {
     for (; i + 2 <= n; i += 2) store(x + i, op(load<Pair>(x + i)));
     for (; i < n; ++i) x[i] = op(Pair{x[i], 0.0})[0];
   };
-  int e;
-  if (std::frexp(d, &e) == 0.5) {
+  // A power of two has no mantissa bits (d is a square root of a length,
+  // normal and positive).
+  if ((std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0) {
     const double r = 1.0 / d;
     each([r](Pair v) { return v * r; });
   } else {
