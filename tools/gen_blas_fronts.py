@@ -107,8 +107,8 @@ CHAR_OPTION = {"trans": "letter_trans", "uplo": "letter_uplo", "diag": "letter_d
 
 
 class Param:
-    def __init__(self, spec, t, s):
-        name, rest = spec.split(":", 1)
+    def __init__(self, entry, t, s):
+        name, rest = entry.split(":", 1)
         self.default = None
         if "=" in rest:
             rest, self.default = rest.split("=")
