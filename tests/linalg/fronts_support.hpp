@@ -75,6 +75,13 @@ inline Dense mul(const Dense& a, const Dense& b) {
 
 inline char trans_letter(Integer t) { return t == Zil_NoTrans ? 'N' : t == Zil_Trans ? 'T' : 'C'; }
 
+// A real matrix reads ConjTrans as Trans.
+template <class T>
+char letter_for(Integer trans) {
+  char t = trans_letter(trans);
+  return !kCx<T> && t == 'C' ? 'T' : t;
+}
+
 // Where element (i, j) of a general r by c matrix lives, by order.
 inline std::size_t gen_index(Integer order, int pd, int i, int j) {
   return order == Zil_ColMajor ? std::size_t(i) + std::size_t(j) * pd : std::size_t(i) * pd + j;

@@ -14,13 +14,6 @@ TYPED_TEST_SUITE(Level2, Elements);
 
 constexpr double kTol = 256 * kEps;
 
-// A real matrix reads ConjTrans as Trans.
-template <class T>
-char letter_for(Integer trans) {
-  char t = trans_letter(trans);
-  return !kCx<T> && t == 'C' ? 'T' : t;
-}
-
 std::vector<C> axpby(C alpha, const std::vector<C>& ax, C beta, std::vector<C> y) {
   for (std::size_t i = 0; i < y.size(); ++i) y[i] = alpha * ax[i] + beta * y[i];
   return y;

@@ -13,12 +13,6 @@ TYPED_TEST_SUITE(Level3, Elements);
 
 constexpr double kTol = 512 * kEps;
 
-template <class T>
-char letter_for(Integer trans) {
-  char t = trans_letter(trans);
-  return !kCx<T> && t == 'C' ? 'T' : t;
-}
-
 Dense axpby(C alpha, const Dense& p, C beta, Dense c) {
   for (std::size_t i = 0; i < c.v.size(); ++i) c.v[i] = alpha * p.v[i] + beta * c.v[i];
   return c;
