@@ -92,7 +92,7 @@ void brkpts(const char* name, F f, double a, double b, Integer nbrkpts, const do
   }
   *result = sign * o.result;
   *abserr = o.abserr;
-  w.hand_over(qp, o.last, 21 * nint + 42 * (o.last - nint));
+  w.hand_over(qp, o.last, 21 * nint + 42 * (o.last - nint), o.linked);
   report_end(rep, o, EndText{"max_num_subint", limit, epsabs, epsrel});
 }
 

@@ -53,7 +53,7 @@ void finite_range(const char* name, bool osc, F f, double a, double b, double ep
   *result = o.result;
   *abserr = o.abserr;
   const Integer evals = osc ? (2 * (o.last - 1) + 1) * (10 * kKey + 1) : 42 * o.last - 21;
-  w.hand_over(qp, o.last, evals);
+  w.hand_over(qp, o.last, evals, o.linked);
   report_end(rep, o, EndText{"max_num_subint", limit, t.abs, t.rel});
 }
 
@@ -75,7 +75,7 @@ void infinite_range(const char* name, F f, Integer boundinf, double bound, doubl
   const Outcome o = qagi(f, w.lists(limit), bound, inf, t.abs, t.rel, m);
   *result = o.result;
   *abserr = o.abserr;
-  w.hand_over(qp, o.last, (30 * o.last - 15) * (inf == 2 ? 2 : 1));
+  w.hand_over(qp, o.last, (30 * o.last - 15) * (inf == 2 ? 2 : 1), o.linked);
   EndText et{"max_num_subint", limit, t.abs, t.rel};
   et.both_sides = inf == 2;
   Outcome shown = o;

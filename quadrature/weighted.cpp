@@ -29,7 +29,7 @@ void finish(Reporter& rep, ResultLists& w, const Outcome& o, Integer evals, doub
             double* abserr, Zil_QuadReport* qp, const EndText& et) {
   *result = o.result;
   *abserr = o.abserr;
-  w.hand_over(qp, o.last, evals);
+  w.hand_over(qp, o.last, evals, o.linked);
   report_end(rep, o, et);
 }
 

@@ -30,6 +30,15 @@ void m01eaf_f(double rv[], Integer m1, Integer m2, Integer irank[], Integer* ifa
 // Replaces the permutation iperm(m1:m2) by its inverse (ranks into indices).
 void m01zaf_f(Integer iperm[], Integer m1, Integer m2, Integer* ifail);
 
+// Moves record i to place rank[i] - 1, for ranks known to be a permutation
+// of 1..n (rank is consumed).
+template <class Exchange>
+void place_records(Integer n, Integer rank[], Exchange&& exchange) {
+  using Mark = sort::SignMark;
+  for (Integer i = 0; i < n; ++i) rank[i] = Mark::mark(rank[i]);
+  sort::scatter_marked<Mark>(rank, n, 1, exchange);
+}
+
 // Puts records 0 to n-1, spread over parallel arrays, in order in place:
 // before(i, j) is true when record i must come before record j (equal
 // records keep their order) and exchange(i, j) swaps records i and j.  rank
@@ -40,7 +49,6 @@ void m01zaf_f(Integer iperm[], Integer m1, Integer m2, Integer* ifail);
 template <class Before, class Exchange>
 void order_records(Integer n, Integer rank[], bool strict_weak, Before&& before,
                    Exchange&& exchange) {
-  using Mark = sort::SignMark;
   // Below this length counting compares more pairs than the merge but
   // mispredicts none of them.
   constexpr Integer kCountMax = 32;
@@ -50,8 +58,7 @@ void order_records(Integer n, Integer rank[], bool strict_weak, Before&& before,
     sort::count_rank(rank, n, before, 1);
   else
     sort::merge_rank(rank, n, before, 1);
-  for (Integer i = 0; i < n; ++i) rank[i] = Mark::mark(rank[i]);
-  sort::scatter_marked<Mark>(rank, n, 1, exchange);
+  place_records(n, rank, exchange);
 }
 
 // By reference.  Reports go through the by-reference reporter, so a hard

@@ -20,11 +20,33 @@ struct Lists {
   Integer* iord;
   Integer* level;  // null unless the routine keeps levels
   Integer limit;
+  // The intervals in their order along the range, a circular list through
+  // slot 0 (next at link[0..limit], prev at link[limit+1..2*limit+1]), or
+  // null.  Each bisection puts the new slot beside the one it split, so the
+  // record can be put in order of the left end with no sort.
+  Integer* link = nullptr;
   double& a(int i) const { return alist[i - 1]; }
   double& b(int i) const { return blist[i - 1]; }
   double& r(int i) const { return rlist[i - 1]; }
   double& e(int i) const { return elist[i - 1]; }
   Integer& ord(int i) const { return iord[i - 1]; }
+  Integer& next(int i) const { return link[i]; }
+  Integer& prev(int i) const { return link[limit + 1 + i]; }
+  // Slots 1..count lie along the range in slot order.
+  void link_in_order(int count) const {
+    for (int i = 0; i <= count; ++i) {
+      next(i) = i == count ? 0 : i + 1;
+      prev(i) = i == 0 ? count : i - 1;
+    }
+  }
+  // Slot added now lies just before (or after) slot at.
+  void link_beside(int at, int added, bool before) const {
+    const int p = before ? prev(at) : at, q = before ? at : next(at);
+    next(p) = added;
+    prev(added) = p;
+    next(added) = q;
+    prev(q) = added;
+  }
 };
 
 // Keeps iord descending by error after a bisection that filled the slots
@@ -55,6 +77,7 @@ struct Outcome {
   int ier = 0;
   double bad_a = 0.0;  // the interval of the last bisection, for ier 3
   double bad_b = 0.0;
+  bool linked = false;  // the lists' link holds the order of slots 1..last
 };
 
 double sum_results(const Lists& L, int last);

@@ -23,10 +23,32 @@ void order_by_left_end(double* lo, double* up, double* res, double* err, Integer
       });
 }
 
-void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals) {
+bool ResultLists::place_by_link(Integer count) {
+  const Lists L = lists(n_);
+  const double* lo = lo_.get();
+  Integer* rank = iord_.get();  // iord is done with; the links lie past it
+  Integer prev = 0;
+  Integer place = 1;
+  for (Integer s = L.next(0); s != 0; s = L.next(s), ++place) {
+    // Strictly ascending left ends along the link are the one order a
+    // stable sort could give; anything else (a reversed range, a NaN, an
+    // interval too short to split) goes to the sort.
+    if (place > count || (prev != 0 && !(lo[prev - 1] < lo[s - 1]))) return false;
+    rank[s - 1] = place;
+    prev = s;
+  }
+  if (place != count + 1) return false;
+  place_records(count, rank, [this](Integer i, Integer j) {
+    for (double* v : {lo_.get(), up_.get(), res_.get(), err_.get()}) std::swap(v[i], v[j]);
+  });
+  return true;
+}
+
+void ResultLists::hand_over(Zil_QuadReport* qp, Integer count, Integer evals, bool linked) {
   for (double* v : {lo_.get(), up_.get(), res_.get(), err_.get()})
     std::fill(v + count, v + n_, 0.0);
-  order_by_left_end(lo_.get(), up_.get(), res_.get(), err_.get(), count, iord_.get());
+  if (!(linked && place_by_link(count)))
+    order_by_left_end(lo_.get(), up_.get(), res_.get(), err_.get(), count, iord_.get());
   qp->subint_count = count;
   qp->eval_count = evals;
   qp->subint_lower = lo_.release();

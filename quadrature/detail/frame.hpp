@@ -27,24 +27,31 @@ struct CommFun {
 // release them with x04bdc) and the workspace of the loop.
 class ResultLists {
  public:
-  // iord and the levels share one block, held on the stack up to 512
-  // entries (256 subintervals with levels): a run takes no more from the
-  // allocator than the four arrays it hands over.
+  // iord, the levels and the links share one block, held on the stack up
+  // to 4096 entries (1000 subintervals with levels): a run takes no more
+  // from the allocator than the four arrays it hands over.
   ResultLists(Integer n, bool levels)
-      : n_(n), lo_(n), up_(n), res_(n), err_(n), iord_(levels ? 2 * std::size_t(n) : n), levels_(levels) {}
+      : n_(n), lo_(n), up_(n), res_(n), err_(n),
+        iord_((levels ? 2 * std::size_t(n) : n) + 2 * (std::size_t(n) + 1)), levels_(levels) {}
   explicit operator bool() const { return lo_ && up_ && res_ && err_ && iord_; }
   Lists lists(Integer limit) {
-    return Lists{lo_.get(), up_.get(), res_.get(), err_.get(), iord_.get(),
-                 levels_ ? iord_.get() + n_ : nullptr, limit};
+    Integer* block = iord_.get();
+    return Lists{lo_.get(), up_.get(), res_.get(), err_.get(), block,
+                 levels_ ? block + n_ : nullptr, limit, block + (levels_ ? 2 : 1) * n_};
   }
   // Zero the tail, put the intervals in order of their left end and give the
-  // arrays to the caller.
-  void hand_over(Zil_QuadReport* qp, Integer count, Integer evals);
+  // arrays to the caller.  linked: the lists' link holds the order along the
+  // range of all count slots.
+  void hand_over(Zil_QuadReport* qp, Integer count, Integer evals, bool linked = false);
 
  private:
+  // The intervals follow the link in ascending order of the left end, the
+  // common case; false when the link is absent or its order is not that.
+  bool place_by_link(Integer count);
+
   Integer n_;
   Workspace<double> lo_, up_, res_, err_;
-  LocalWorkspace<Integer, 512> iord_;
+  LocalWorkspace<Integer, 4096> iord_;
   bool levels_;
 };
 

@@ -58,6 +58,8 @@ Outcome adapt(Fam& fam, const LoopConstants& K, const Lists& L, const Start& s, 
   }
 
   int last = s.last;
+  if (L.link) L.link_in_order(last);
+  o.linked = L.link != nullptr;
   bool plain_sum = !extrapolating;
   bool leave = false;
   for (int pass = s.last + 1; pass <= L.limit && !leave; ++pass) {
@@ -96,12 +98,14 @@ Outcome adapt(Fam& fam, const LoopConstants& K, const Lists& L, const Start& s, 
       L.r(last) = r1.result;
       L.e(maxerr) = r2.abserr;
       L.e(last) = r1.abserr;
+      if (L.link) L.link_beside(maxerr, last, true);
     } else {
       L.a(last) = a2;
       L.b(maxerr) = b1;
       L.b(last) = b2;
       L.e(maxerr) = r1.abserr;
       L.e(last) = r2.abserr;
+      if (L.link) L.link_beside(maxerr, last, false);
     }
     sort_errors(L, last, maxerr, errmax, nrmax);
     // Convergence is tested before any failure, so that a run which meets

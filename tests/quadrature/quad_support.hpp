@@ -44,6 +44,15 @@ inline void check_record(const Zil_QuadReport& qp, Integer limit, bool finite_va
   ASSERT_GE(qp.subint_count, 1);
   ASSERT_LE(qp.subint_count, limit);
   for (Integer i = 1; i < qp.subint_count; ++i) EXPECT_LE(qp.subint_lower[i - 1], qp.subint_lower[i]);
+  // Bisection leaves a partition of the range: in order of the left end,
+  // each interval starts where the one before ends (or, on a reversed
+  // range, ends where it starts), so every end travelled with its interval.
+  if (finite_values)
+    for (Integer i = 1; i < qp.subint_count; ++i) {
+      const bool forward = qp.subint_upper[i - 1] == qp.subint_lower[i];
+      const bool reversed = qp.subint_lower[i - 1] == qp.subint_upper[i];
+      EXPECT_TRUE(forward || reversed) << "interval " << i;
+    }
   for (Integer i = qp.subint_count; i < limit; ++i) {
     EXPECT_EQ(qp.subint_lower[i], 0.0);
     EXPECT_EQ(qp.subint_upper[i], 0.0);
