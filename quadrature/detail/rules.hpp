@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 #include "zil_env.h"
 
@@ -67,24 +68,19 @@ Est kronrod(G& g, double centre, double hl, const double (&xgk)[N], const double
   // branches and the sums carried across each call (which clobbers every
   // vector register) are a measurable part of an evaluation, so only the
   // results' sums stay in the sweeps and the error sums come after them.
-  _Pragma("GCC unroll 16") for (int j = 1; j < N - 1; j += 2) {
-    const double x = hl * xgk[j];
-    const double f1 = g(centre - x);
-    const double f2 = g(centre + x);
-    fv1[j] = f1;
-    fv2[j] = f2;
-    const double s = f1 + f2;
-    resg += wg[j / 2] * s;
-    resk += wgk[j] * s;
-  }
-  _Pragma("GCC unroll 16") for (int j = 0; j < N - 1; j += 2) {
-    const double x = hl * xgk[j];
-    const double f1 = g(centre - x);
-    const double f2 = g(centre + x);
-    fv1[j] = f1;
-    fv2[j] = f2;
-    resk += wgk[j] * (f1 + f2);
-  }
+  auto sweep = [&]<bool Gauss>(std::bool_constant<Gauss>) {
+    _Pragma("GCC unroll 16") for (int j = Gauss ? 1 : 0; j < N - 1; j += 2) {
+      const double x = hl * xgk[j];
+      const double f1 = g(centre - x);
+      const double f2 = g(centre + x);
+      fv1[j] = f1;
+      fv2[j] = f2;
+      if constexpr (Gauss) resg += wg[j / 2] * (f1 + f2);
+      resk += wgk[j] * (f1 + f2);
+    }
+  };
+  sweep(std::true_type{});
+  sweep(std::false_type{});
   const double reskh = 0.5 * resk;
   double resasc = wgk[N - 1] * std::fabs(fc - reskh);
   for (int j = 0; j < N - 1; ++j) {
