@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
 #include <utility>
 
 // The helpers that take or return a Line are always inlined, so GCC's note
@@ -213,19 +214,21 @@ template <class Wide, class D>
                                                 double* y) {
   constexpr int F = D::f;
   constexpr Integer wide = sizeof(Wide) / sizeof(double);
+  using Eight = std::conditional_t<wide == 2, Line, Octet>;
   const Integer fm = F * m;
   double rc[F], rs[F];
   roots(F, rc, rs);
   Chunk<F> c(m);
 
-  // The butterflies of len consecutive indices from o, two at a time, in
-  // one group or (groups = 2) in it and the next.  When the span is a
+  // The butterflies of len consecutive indices from o, four (AVX2) or two
+  // at a time, in one group or (groups = 2) in it and the next.  When the span is a
   // multiple of 512 the rows of a butterfly lie a multiple of
   // 4 KiB apart, so all 2f of its lines of x and y share one set of the
   // first-level cache, more than its ways: each pair of indices then
   // reloaded every line.  Eight indices at a time use each line whole once
   // it is in; the values that do not fit the registers go to the stack,
-  // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
+  // whose lines fall in other sets.  That took a fifth off 2^16 (and
+  // again a tenth in the AVX2 copy, where the eight are an Octet).  Only the
   // radix 8 of the long powers of two needs it; compiled into the other
   // radices' passes too it cost them through worse inlining.  An odd index
   // left over in two groups runs as one pair across them: at small spans
@@ -235,9 +238,9 @@ template <class Wide, class D>
     for (int h = 0; h < groups; ++h) {
       const Integer oh = o + h * fm;
       Integer a = 0;
-      if constexpr (F == 8 && wide == 2)
+      if constexpr (F == 8)
         if (m % 512 == 0)
-          for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, oh + a, wr, wi, i + a);
+          for (; a + 8 <= len; a += 8) complex_butterfly<Eight>(dft, m, x, y, oh + a, wr, wi, i + a);
       if constexpr (wide > 2)
         for (; a + wide <= len; a += wide) complex_butterfly<Wide>(dft, m, x, y, oh + a, wr, wi, i + a);
       for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, oh + a, wr, wi, i + a);
@@ -751,15 +754,15 @@ void hermitian_transform(Integer n, const Factors& fac, double* x) {
 namespace {
 
 // Group lengths (elements of each array) below which the remaining complex
-// passes run block by block, deepest level last: a block of x and y that
-// fits the second-level cache (2 MiB here), then one that fits the first
-// (48 KiB).  Each pass is a sweep over the whole array; once a group fits a
-// cache, the passes that follow work inside it, so running them all on one
-// block before the next spares a trip to the next cache level per pass (at
-// 2^20, five of the seven passes went through the third-level cache).  The
-// twiddle chunks are then made once per block rather than once per pass,
-// which a block of several groups keeps a small share of the work.
-inline constexpr Integer kBlock[] = {1 << 15};
+// passes run block by block: a block of x and y that fits the second-level
+// cache (2 MiB here).  Each pass is a sweep over the whole array; once a
+// group fits the cache, the passes that follow work inside it, so running
+// them all on one block before the next spares a trip to the third-level
+// cache per pass (at 2^20, five of the seven passes; a tenth off the
+// time).  The twiddle chunks are then made once per block rather than once
+// per pass, which a block of several groups keeps a small share of the
+// work.  A second level for the first-level cache measured no gain.
+inline constexpr Integer kBlock[] = {1 << 16};
 
 // The passes of each radix in two copies: for any x86-64 processor, and
 // for one with AVX2, whose four-lane registers take the neighbouring
