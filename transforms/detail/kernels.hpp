@@ -44,6 +44,7 @@ struct Octet {
 [[gnu::always_inline]] inline Octet operator*(Octet a, Octet b) { return {a.lo * b.lo, a.hi * b.hi}; }
 [[gnu::always_inline]] inline Octet operator*(double a, Octet b) { return {a * b.lo, a * b.hi}; }
 [[gnu::always_inline]] inline Octet operator*(Octet a, double b) { return {a.lo * b, a.hi * b}; }
+[[gnu::always_inline]] inline Octet operator/(Octet a, double b) { return {a.lo / b, a.hi / b}; }
 [[gnu::always_inline]] inline Octet operator-(Octet a) { return {-a.lo, -a.hi}; }
 [[gnu::always_inline]] inline Octet& operator+=(Octet& a, Octet b) { return a = a + b; }
 

@@ -21,8 +21,9 @@ void hermitian_transform(Integer n, const Factors& fac, double* x);
 // processor offers.  Both widths give the same bits.
 enum class Lanes { two, four, best };
 
-// Complex to complex, unscaled.
-void complex_transform(Integer n, const Factors& fac, double* x, double* y,
+// Complex to complex, each result divided by divisor as divide() does it
+// (1 for the unscaled transform).
+void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
                        Lanes lanes = Lanes::best);
 
 // Divides x[0..n-1] by d (a division, not a product with 1/d, so that each
