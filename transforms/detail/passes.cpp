@@ -175,6 +175,23 @@ using Column = const double (*)[kChunk];
 
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
+// Twiddles of neighbouring indices from a chunk.  The chunk is written a
+// pair at a time, and at short lengths read back at once: a four-lane load
+// spanning two pair stores still in flight cannot be forwarded from them
+// and waits for both to reach the cache, so four lanes are read as two
+// pairs.
+template <class T>
+[[gnu::always_inline]] inline T load_twiddle(const double* p) {
+  if constexpr (std::is_same_v<T, Quad>) {
+    const Pair lo = load<Pair>(p), hi = load<Pair>(p + 2);
+    return __builtin_shufflevector(lo, hi, 0, 1, 2, 3);
+  } else if constexpr (std::is_same_v<T, Octet>) {
+    return Octet{load_twiddle<Quad>(p), load_twiddle<Quad>(p + 4)};
+  } else {
+    return load<T>(p);
+  }
+}
+
 // The division of the results by d, as the public routines state it: by
 // the reciprocal when d is a power of two, whose reciprocal is exact, so
 // that x*(1/d) is the very quotient x/d; otherwise a true division.
@@ -223,8 +240,8 @@ template <class T, class D>
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
-      const T cr = gap == 1 ? load<T>(&wr[q][i]) : splat<T>(wr[q][i]);
-      const T ci = gap == 1 ? load<T>(&wi[q][i]) : splat<T>(wi[q][i]);
+      const T cr = gap == 1 ? load_twiddle<T>(&wr[q][i]) : splat<T>(wr[q][i]);
+      const T ci = gap == 1 ? load_twiddle<T>(&wi[q][i]) : splat<T>(wi[q][i]);
       store(x + t, gap, re[q] * cr - im[q] * ci);
       store(y + t, gap, re[q] * ci + im[q] * cr);
     } else {
