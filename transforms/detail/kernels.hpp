@@ -39,9 +39,15 @@ typedef double Line __attribute__((vector_size(64)));
 struct Octet {
   Quad lo, hi;
 };
-[[gnu::always_inline]] inline Octet operator+(Octet a, Octet b) { return {a.lo + b.lo, a.hi + b.hi}; }
-[[gnu::always_inline]] inline Octet operator-(Octet a, Octet b) { return {a.lo - b.lo, a.hi - b.hi}; }
-[[gnu::always_inline]] inline Octet operator*(Octet a, Octet b) { return {a.lo * b.lo, a.hi * b.hi}; }
+[[gnu::always_inline]] inline Octet operator+(Octet a, Octet b) {
+  return {a.lo + b.lo, a.hi + b.hi};
+}
+[[gnu::always_inline]] inline Octet operator-(Octet a, Octet b) {
+  return {a.lo - b.lo, a.hi - b.hi};
+}
+[[gnu::always_inline]] inline Octet operator*(Octet a, Octet b) {
+  return {a.lo * b.lo, a.hi * b.hi};
+}
 [[gnu::always_inline]] inline Octet operator*(double a, Octet b) { return {a * b.lo, a * b.hi}; }
 [[gnu::always_inline]] inline Octet operator*(Octet a, double b) { return {a.lo * b, a.hi * b}; }
 [[gnu::always_inline]] inline Octet operator/(Octet a, double b) { return {a.lo / b, a.hi / b}; }

@@ -347,7 +347,8 @@ template <class Wide, class D>
         if (m % 512 == 0)
           for (; a + 8 <= len; a += 8) complex_butterfly<Eight>(dft, m, x, y, oh + a, wr, wi, i + a);
       if constexpr (wide > 2)
-        for (; a + wide <= len; a += wide) complex_butterfly<Wide>(dft, m, x, y, oh + a, wr, wi, i + a);
+        for (; a + wide <= len; a += wide)
+          complex_butterfly<Wide>(dft, m, x, y, oh + a, wr, wi, i + a);
       for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, oh + a, wr, wi, i + a);
     }
     if (len % 2 == 0) return;
@@ -909,7 +910,8 @@ void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y
       // while it still divides n and fits.
       Integer block = m;
       while (block * 2 <= kBlock[level] && n % (block * 2) == 0) block *= 2;
-      for (Integer b = 0; b < n; b += block) complex_passes(f, block, m, x + b, y + b, div, avx2, level + 1);
+      for (Integer b = 0; b < n; b += block)
+        complex_passes(f, block, m, x + b, y + b, div, avx2, level + 1);
       return;
     }
     m /= *f;
@@ -927,7 +929,8 @@ void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y
 
 void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
                        Lanes lanes) {
-  const bool avx2 = lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+  const bool avx2 =
+      lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
   complex_passes(fac.stage, n, n, x, y, Divisor(divisor), avx2, 0);
   reorder(n, fac, TwoArrays{x, y});
 }
