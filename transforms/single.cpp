@@ -65,9 +65,7 @@ extern "C" void c06ecc(Integer n, double x[], double y[], ZilError* fail) {
   zil::Reporter rep(fail, "c06ecc");
   Factors fac;
   if (refused(rep, n, fac, {{x, "x"}, {y, "y"}})) return;
-  zil::fft::complex_transform(n, fac, x, y);
-  zil::fft::divide(n, x, root_n(n));
-  zil::fft::divide(n, y, root_n(n));
+  zil::fft::complex_transform(n, fac, x, y, root_n(n));
   rep.success();
 }
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
 #include <utility>
 
 // The helpers that take or return a Line are always inlined, so GCC's note
@@ -174,15 +175,54 @@ using Column = const double (*)[kChunk];
 
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
+// Twiddles of neighbouring indices from a chunk.  The chunk is written a
+// pair at a time, and at short lengths read back at once: a four-lane load
+// spanning two pair stores still in flight cannot be forwarded from them
+// and waits for both to reach the cache, so four lanes are read as two
+// pairs.
+template <class T>
+[[gnu::always_inline]] inline T load_twiddle(const double* p) {
+  if constexpr (std::is_same_v<T, Quad>) {
+    const Pair lo = load<Pair>(p), hi = load<Pair>(p + 2);
+    return __builtin_shufflevector(lo, hi, 0, 1, 2, 3);
+  } else if constexpr (std::is_same_v<T, Octet>) {
+    return Octet{load_twiddle<Quad>(p), load_twiddle<Quad>(p + 4)};
+  } else {
+    return load<T>(p);
+  }
+}
+
+// The division of the results by d, as the public routines state it: by
+// the reciprocal when d is a power of two, whose reciprocal is exact, so
+// that x*(1/d) is the very quotient x/d; otherwise a true division.
+struct Divisor {
+  double d, r;
+  bool by_reciprocal;
+  explicit Divisor(double divisor) : d(divisor), r(1.0 / divisor) {
+    // A power of two has no mantissa bits (d is a length or its square
+    // root, normal and positive).
+    by_reciprocal = (std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0;
+  }
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const {
+    return by_reciprocal ? v * r : v / d;
+  }
+};
+
 // The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
 // neighbouring indices, the next group's offset for the same index of two
 // groups), its twiddles in column i of wr, wi (the same column for both
 // lanes when they are two groups); null tables for the trivial twiddle at
-// k = 0, which costs no multiplication.
+// k = 0, which costs no multiplication.  A trivial butterfly of the last
+// pass (m = 1) may divide its results by div: every element passes through
+// that pass once, and the divider then works beside the adders instead of
+// in a sweep of its own, where its throughput set the pace (a fifth of the
+// transform of 720).
 template <class T, class D>
 [[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
                                                      Integer o, Column wr, Column wi, Integer i,
-                                                     Integer gap = 1) {
+                                                     Integer gap = 1,
+                                                     const Divisor* div = nullptr) {
   constexpr int F = D::f;
   T re[F], im[F];
   for (int l = 0; l < F; ++l) {
@@ -190,13 +230,18 @@ template <class T, class D>
     im[l] = load<T>(y + o + l * m, gap);
   }
   dft(re, im);
+  if (div)
+    for (int q = 0; q < F; ++q) {
+      re[q] = (*div)(re[q]);
+      im[q] = (*div)(im[q]);
+    }
   store(x + o, gap, re[0]);
   store(y + o, gap, im[0]);
   for (int q = 1; q < F; ++q) {
     const Integer t = o + D::place(q) * m;
     if (wr) {
-      const T cr = gap == 1 ? load<T>(&wr[q][i]) : splat<T>(wr[q][i]);
-      const T ci = gap == 1 ? load<T>(&wi[q][i]) : splat<T>(wi[q][i]);
+      const T cr = gap == 1 ? load_twiddle<T>(&wr[q][i]) : splat<T>(wr[q][i]);
+      const T ci = gap == 1 ? load_twiddle<T>(&wi[q][i]) : splat<T>(wi[q][i]);
       store(x + t, gap, re[q] * cr - im[q] * ci);
       store(y + t, gap, re[q] * ci + im[q] * cr);
     } else {
@@ -206,22 +251,89 @@ template <class T, class D>
   }
 }
 
+// The four-by-four transpose of the rows r[0..3]; its own inverse.
+[[gnu::always_inline]] inline void transpose4(Quad* r) {
+  const Quad t0 = __builtin_shufflevector(r[0], r[1], 0, 4, 2, 6);
+  const Quad t1 = __builtin_shufflevector(r[0], r[1], 1, 5, 3, 7);
+  const Quad t2 = __builtin_shufflevector(r[2], r[3], 0, 4, 2, 6);
+  const Quad t3 = __builtin_shufflevector(r[2], r[3], 1, 5, 3, 7);
+  r[0] = __builtin_shufflevector(t0, t2, 0, 1, 4, 5);
+  r[1] = __builtin_shufflevector(t1, t3, 0, 1, 4, 5);
+  r[2] = __builtin_shufflevector(t0, t2, 2, 3, 6, 7);
+  r[3] = __builtin_shufflevector(t1, t3, 2, 3, 6, 7);
+}
+
+// Between four consecutive groups of f = 2, 4 or 8 elements from p (rows)
+// and f four-lane values, value l holding element l of each group (columns).
+template <int F>
+[[gnu::always_inline]] inline void to_columns(const double* p, Quad* v) {
+  if constexpr (F == 2) {
+    const Quad a = load<Quad>(p), b = load<Quad>(p + 4);
+    v[0] = __builtin_shufflevector(a, b, 0, 2, 4, 6);
+    v[1] = __builtin_shufflevector(a, b, 1, 3, 5, 7);
+  } else {
+    for (int c = 0; c < F; c += 4) {
+      for (int j = 0; j < 4; ++j) v[c + j] = load<Quad>(p + j * F + c);
+      transpose4(v + c);
+    }
+  }
+}
+template <int F>
+[[gnu::always_inline]] inline void to_rows(double* p, Quad* v) {
+  if constexpr (F == 2) {
+    store(p, __builtin_shufflevector(v[0], v[1], 0, 4, 1, 5));
+    store(p + 4, __builtin_shufflevector(v[0], v[1], 2, 6, 3, 7));
+  } else {
+    for (int c = 0; c < F; c += 4) {
+      transpose4(v + c);
+      for (int j = 0; j < 4; ++j) store(p + j * F + c, v[c + j]);
+    }
+  }
+}
+
+// The trivial butterflies of four consecutive groups of the last pass
+// (m = 1) from g, for radices 2, 4 and 8.  Each group is f contiguous
+// elements, so taking one element of four groups per lane costs a scalar
+// load and store per element; transposed in registers, they come and go in
+// whole four-lane rows (a tenth off the whole transform at 4096 and 2^16).
 template <class D>
-void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
+[[gnu::always_inline]] inline void last_four_groups(const D& dft, double* x, double* y, Integer g,
+                                                    const Divisor* div) {
   constexpr int F = D::f;
+  Quad re[F], im[F], out_re[F], out_im[F];
+  to_columns<F>(x + g, re);
+  to_columns<F>(y + g, im);
+  dft(re, im);
+  for (int q = 0; q < F; ++q) {
+    out_re[D::place(q)] = div ? (*div)(re[q]) : re[q];
+    out_im[D::place(q)] = div ? (*div)(im[q]) : im[q];
+  }
+  to_rows<F>(x + g, out_re);
+  to_rows<F>(y + g, out_im);
+}
+
+// Wide is the widest value type that the pass runs on neighbouring indices:
+// Pair, or Quad in the copy compiled for AVX2.
+template <class Wide, class D>
+[[gnu::always_inline]] inline void complex_pass(const D& dft, Integer n, Integer m, double* x,
+                                                double* y, const Divisor* div) {
+  constexpr int F = D::f;
+  constexpr Integer wide = sizeof(Wide) / sizeof(double);
+  using Eight = std::conditional_t<wide == 2, Line, Octet>;
   const Integer fm = F * m;
   double rc[F], rs[F];
   roots(F, rc, rs);
   Chunk<F> c(m);
 
-  // The butterflies of len consecutive indices from o, two at a time, in
-  // one group or (groups = 2) in it and the next.  When the span is a
+  // The butterflies of len consecutive indices from o, four (AVX2) or two
+  // at a time, in one group or (groups = 2) in it and the next.  When the span is a
   // multiple of 512 the rows of a butterfly lie a multiple of
   // 4 KiB apart, so all 2f of its lines of x and y share one set of the
   // first-level cache, more than its ways: each pair of indices then
   // reloaded every line.  Eight indices at a time use each line whole once
   // it is in; the values that do not fit the registers go to the stack,
-  // whose lines fall in other sets.  That took a fifth off 2^16.  Only the
+  // whose lines fall in other sets.  That took a fifth off 2^16 (and
+  // again a tenth in the AVX2 copy, where the eight are an Octet).  Only the
   // radix 8 of the long powers of two needs it; compiled into the other
   // radices' passes too it cost them through worse inlining.  An odd index
   // left over in two groups runs as one pair across them: at small spans
@@ -233,7 +345,10 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
       Integer a = 0;
       if constexpr (F == 8)
         if (m % 512 == 0)
-          for (; a + 8 <= len; a += 8) complex_butterfly<Line>(dft, m, x, y, oh + a, wr, wi, i + a);
+          for (; a + 8 <= len; a += 8) complex_butterfly<Eight>(dft, m, x, y, oh + a, wr, wi, i + a);
+      if constexpr (wide > 2)
+        for (; a + wide <= len; a += wide)
+          complex_butterfly<Wide>(dft, m, x, y, oh + a, wr, wi, i + a);
       for (; a + 2 <= len; a += 2) complex_butterfly<Pair>(dft, m, x, y, oh + a, wr, wi, i + a);
     }
     if (len % 2 == 0) return;
@@ -252,14 +367,17 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
     c.fill(first, m, rc, rs);
     const Integer k0 = std::max<Integer>(first, 1);
     Integer g = 0;
+    if constexpr (wide == 4 && (F == 2 || F % 4 == 0))
+      if (m == 1)
+        for (; g + 4 * F <= n; g += 4 * F) last_four_groups(dft, x, y, g, div);
     // The trivial butterflies of two groups side by side: in the last pass,
     // where m = 1, they are the whole pass.
     for (; g + fm < n; g += 2 * fm) {
-      if (first == 0) complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm);
+      if (first == 0) complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm, div);
       rest(g, k0, 2);
     }
     for (; g < n; g += fm) {
-      if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0);
+      if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0, 1, div);
       rest(g, k0, 1);
     }
   }
@@ -624,56 +742,64 @@ void reorder_square_free(long n, const Integer* sf, long kt, Data& data) {
   }
   const std::uint32_t blocks = static_cast<std::uint32_t>(n / (kt * kt));
   const long stride = blocks * kt;
-  const bool one_run = run[0].d == blocks;
-  auto map = [&](std::uint32_t t) {
-    if (one_run) return part[0][t];
-    const std::uint32_t t1 = run[0].quotient(t), t2 = run[1].quotient(t1);
-    return part[0][t - t1 * run[0].d] + part[1][t1 - t2 * run[1].d] + part[2][t2];
-  };
   auto swap_blocks = [&](std::uint32_t a, std::uint32_t b) {
     for (long seg = 0; seg < n; seg += stride)
       for (long e = 0; e < kt; ++e) data.swap(seg + a * kt + e, seg + b * kt + e);
   };
 
   std::uint64_t mark[kWindow / 64];
-  for (std::uint32_t t0 = 0; t0 < blocks; t0 += kWindow) {
-    const std::uint32_t t1 = std::min(blocks, t0 + kWindow);
-    std::fill(std::begin(mark), std::end(mark), 0);
-    auto marked = [&](std::uint32_t u) {
-      return u >= t0 && u < t1 && (mark[(u - t0) / 64] >> ((u - t0) % 64) & 1);
-    };
-    auto set_mark = [&](std::uint32_t u) {
-      if (u >= t0 && u < t1) mark[(u - t0) / 64] |= std::uint64_t{1} << ((u - t0) % 64);
-    };
-    for (std::uint32_t t = t0; t < t1; ++t) {
-      if (marked(t)) continue;
-      if (t0 > 0) {
-        std::uint32_t u = map(t);
-        while (u > t && !marked(u)) {
-          set_mark(u);
-          u = map(u);
+  auto walk = [&](auto map) {
+    for (std::uint32_t t0 = 0; t0 < blocks; t0 += kWindow) {
+      const std::uint32_t t1 = std::min(blocks, t0 + kWindow);
+      std::fill(std::begin(mark), std::end(mark), 0);
+      auto marked = [&](std::uint32_t u) {
+        return u >= t0 && u < t1 && (mark[(u - t0) / 64] >> ((u - t0) % 64) & 1);
+      };
+      auto set_mark = [&](std::uint32_t u) {
+        if (u >= t0 && u < t1) mark[(u - t0) / 64] |= std::uint64_t{1} << ((u - t0) % 64);
+      };
+      for (std::uint32_t t = t0; t < t1; ++t) {
+        if (marked(t)) continue;
+        if (t0 > 0) {
+          std::uint32_t u = map(t);
+          while (u > t && !marked(u)) {
+            set_mark(u);
+            u = map(u);
+          }
+          if (u != t) continue;
         }
-        if (u != t) continue;
-      }
-      // Rotate: block j receives block map(j), all along the cycle.
-      // Single elements move once each through a held copy of the
-      // leader; blocks of kt > 1 elements in kt segments are swapped along
-      // the cycle instead, which needs no room for a whole block.
-      if (kt == 1) {
-        data.hold(t);
-        std::uint32_t j = t;
-        for (std::uint32_t u = map(t); u != t; j = u, u = map(u)) {
-          data.move(j, u);
+        // Rotate: block j receives block map(j), all along the cycle.
+        // Single elements move once each through a held copy of the
+        // leader; blocks of kt > 1 elements in kt segments are swapped along
+        // the cycle instead, which needs no room for a whole block.
+        if (kt == 1) {
+          data.hold(t);
+          std::uint32_t j = t;
+          for (std::uint32_t u = map(t); u != t; j = u, u = map(u)) {
+            data.move(j, u);
+            set_mark(u);
+          }
+          data.release(j);
+          continue;
+        }
+        for (std::uint32_t j = t, u = map(t); u != t; j = u, u = map(u)) {
+          swap_blocks(j, u);
           set_mark(u);
         }
-        data.release(j);
-        continue;
-      }
-      for (std::uint32_t j = t, u = map(t); u != t; j = u, u = map(u)) {
-        swap_blocks(j, u);
-        set_mark(u);
       }
     }
+  };
+  // One run is one look-up, walked apart from the general map: sharing a
+  // loop with it, the look-up paid for the general map's product t*inverse,
+  // which the compiler kept as a 128-bit running sum on the stack, added
+  // to in memory on every t (two-fifths of the transform of 2310).
+  if (run[0].d == blocks) {
+    walk([&](std::uint32_t t) { return part[0][t]; });
+  } else {
+    walk([&](std::uint32_t t) {
+      const std::uint32_t t1 = run[0].quotient(t), t2 = run[1].quotient(t1);
+      return part[0][t - t1 * run[0].d] + part[1][t1 - t2 * run[1].d] + part[2][t2];
+    });
   }
 }
 
@@ -742,12 +868,70 @@ void hermitian_transform(Integer n, const Factors& fac, double* x) {
   reorder(n, fac, OneArray{x});
 }
 
-void complex_transform(Integer n, const Factors& fac, double* x, double* y) {
-  Integer m = n;
-  for (const Integer* f = fac.stage; *f != 0; ++f) {
+namespace {
+
+// Group lengths (elements of each array) below which the remaining complex
+// passes run block by block: a block of x and y that fits the second-level
+// cache (2 MiB here).  Each pass is a sweep over the whole array; once a
+// group fits the cache, the passes that follow work inside it, so running
+// them all on one block before the next spares a trip to the third-level
+// cache per pass (at 2^20, five of the seven passes; a tenth off the
+// time).  The twiddle chunks are then made once per block rather than once
+// per pass, which a block of several groups keeps a small share of the
+// work.  A second level for the first-level cache measured no gain.
+inline constexpr Integer kBlock[] = {1 << 16};
+
+// The passes of each radix in two copies: for any x86-64 processor, and
+// for one with AVX2, whose four-lane registers take the neighbouring
+// indices four at a time.  No FMA is enabled: each lane does exactly the
+// scalar arithmetic, so both copies give the same bits.
+template <class D>
+void complex_pass_sse2(const D& dft, Integer n, Integer m, double* x, double* y,
+                       const Divisor* div) {
+  complex_pass<Pair>(dft, n, m, x, y, div);
+}
+
+template <class D>
+__attribute__((target("avx2"))) void complex_pass_avx2(const D& dft, Integer n, Integer m,
+                                                        double* x, double* y, const Divisor* div) {
+  complex_pass<Quad>(dft, n, m, x, y, div);
+}
+
+// The passes from stage f on, over n elements with the span m; the last
+// pass divides by div.
+void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y,
+                    const Divisor& div, bool avx2, int level) {
+  constexpr int levels = static_cast<int>(std::size(kBlock));
+  while (level < levels && n <= kBlock[level]) ++level;  // the whole array fits already
+  for (; *f != 0; ++f) {
+    if (*f == 1) continue;
+    if (level < levels && m <= kBlock[level]) {
+      // m is the group length of this pass: widen the block by whole groups
+      // while it still divides n and fits.
+      Integer block = m;
+      while (block * 2 <= kBlock[level] && n % (block * 2) == 0) block *= 2;
+      for (Integer b = 0; b < n; b += block)
+        complex_passes(f, block, m, x + b, y + b, div, avx2, level + 1);
+      return;
+    }
     m /= *f;
-    with_radix(*f, [&](const auto& dft) { complex_pass(dft, n, m, x, y); });
+    const Divisor* last = m == 1 ? &div : nullptr;
+    with_radix(*f, [&](const auto& dft) {
+      if (avx2)
+        complex_pass_avx2(dft, n, m, x, y, last);
+      else
+        complex_pass_sse2(dft, n, m, x, y, last);
+    });
   }
+}
+
+}  // namespace
+
+void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
+                       Lanes lanes) {
+  const bool avx2 =
+      lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+  complex_passes(fac.stage, n, n, x, y, Divisor(divisor), avx2, 0);
   reorder(n, fac, TwoArrays{x, y});
 }
 
@@ -764,14 +948,11 @@ void divide(Integer n, double* x, double d) {
     for (; i + 2 <= n; i += 2) store(x + i, op(load<Pair>(x + i)));
     for (; i < n; ++i) x[i] = op(Pair{x[i], 0.0})[0];
   };
-  // A power of two has no mantissa bits (d is a square root of a length,
-  // normal and positive).
-  if ((std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0) {
-    const double r = 1.0 / d;
-    each([r](Pair v) { return v * r; });
-  } else {
+  const Divisor div(d);
+  if (div.by_reciprocal)
+    each([r = div.r](Pair v) { return v * r; });
+  else
     each([d](Pair v) { return v / d; });
-  }
 }
 
 }  // namespace zil::fft

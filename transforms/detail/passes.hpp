@@ -16,8 +16,15 @@ void real_transform(Integer n, const Factors& fac, double* x);
 // falling from n, then reorder.
 void hermitian_transform(Integer n, const Factors& fac, double* x);
 
-// Complex to complex, unscaled.
-void complex_transform(Integer n, const Factors& fac, double* x, double* y);
+// The vector width of the complex passes: two lanes (SSE2, on every x86-64
+// processor), four (AVX2; only where the processor has it), or the best the
+// processor offers.  Both widths give the same bits.
+enum class Lanes { two, four, best };
+
+// Complex to complex, each result divided by divisor as divide() does it
+// (1 for the unscaled transform).
+void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
+                       Lanes lanes = Lanes::best);
 
 // Divides x[0..n-1] by d (a division, not a product with 1/d, so that each
 // element is rounded once).
