@@ -51,8 +51,7 @@ void run(const InnerMessages& form, double* x, Integer n, Integer* ifail, Transf
     case zil::fft::FactorStatus::prime_above_limit: *ifail = fail_with(form, *ifail, 1, n); return;
     case zil::fft::FactorStatus::too_many_factors: *ifail = fail_with(form, *ifail, 2, n); return;
   }
-  transform(n, fac, x);
-  zil::fft::divide(n, x, std::sqrt(static_cast<double>(n)));
+  transform(n, fac, x, std::sqrt(static_cast<double>(n)));
   *ifail = 0;
 }
 
@@ -65,7 +64,10 @@ void C06EAF(double x[], const Integer* n, Integer* ifail) {
 }
 
 void C06EBF(double x[], const Integer* n, Integer* ifail) {
-  run(kC06EBF, x, *n, ifail, fft::hermitian_transform);
+  run(kC06EBF, x, *n, ifail, [](Integer len, const fft::Factors& fac, double* v, double d) {
+    fft::hermitian_transform(len, fac, v);
+    fft::divide(len, v, d);
+  });
 }
 
 }  // namespace zil

@@ -273,13 +273,35 @@ void complex_pass(const D& dft, Integer n, Integer m, double* x, double* y) {
 // layout (block l at place(l)); they become one block of length f*m,
 // Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
 
+// What the last real pass does to each value before it stores it: nothing
+// in the passes before, and the final division by sqrt(n) in the last one.
+// Done there, the divisions overlap the butterflies' arithmetic instead of
+// taking a sweep of their own, in which the divider alone set the pace (a
+// ninth of a transform of 720).  A value divided before its store is the
+// value divided after it, so the result is the same to the bit.
+struct Unscaled {
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v; }
+};
+struct Divided {
+  double d;
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v / d; }
+};
+// d a power of two: 1/d is exact, and the product is the quotient.
+struct TimesReciprocal {
+  double r;
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v * r; }
+};
+
 // The first pass (m = 1): every group is f consecutive real values whose
 // DFT stays in place in the Hermitian layout.  Two groups at a time, with
 // offsets fixed at compile time: the general pass, with the span and the
 // lane gap known only at run time, spent more instructions on addresses
 // than on the transform.
-template <class D>
-void real_first_pass(const D& dft, Integer n, double* x) {
+template <class D, class S>
+void real_first_pass(const D& dft, Integer n, double* x, S sc) {
   constexpr int F = D::f;
   Integer g = 0;
   for (; g + 2 * F <= n; g += 2 * F) {
@@ -288,22 +310,23 @@ void real_first_pass(const D& dft, Integer n, double* x) {
     for (int l = 0; l < F; ++l) v[l] = Pair{p[D::place(l)], p[F + D::place(l)]};
     dft.real(v);
     for (int q = 0; q < F; ++q) {
-      p[q] = v[q][0];
-      p[F + q] = v[q][1];
+      const Pair w = sc(v[q]);
+      p[q] = w[0];
+      p[F + q] = w[1];
     }
   }
   if (g < n) {
     double v[F];
     for (int l = 0; l < F; ++l) v[l] = x[g + D::place(l)];
     dft.real(v);
-    for (int q = 0; q < F; ++q) x[g + q] = v[q];
+    for (int q = 0; q < F; ++q) x[g + q] = sc(v[q]);
   }
 }
 
-template <class D>
-void real_pass(const D& dft, Integer n, Integer m, double* x) {
+template <class D, class S>
+void real_pass(const D& dft, Integer n, Integer m, double* x, S sc) {
   constexpr int F = D::f;
-  if (m == 1) return real_first_pass(dft, n, x);
+  if (m == 1) return real_first_pass(dft, n, x, sc);
   const Integer fm = F * m;
   Chunk<F> c(m);
 
@@ -315,7 +338,7 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     T v[F];
     for (int l = 0; l < F; ++l) v[l] = load<T>(x + g + D::place(l) * m, fm);
     dft.real(v);
-    for (int q = 0; q < F; ++q) store(x + g + q * m, fm, v[q]);
+    for (int q = 0; q < F; ++q) store(x + g + q * m, fm, sc(v[q]));
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
@@ -348,11 +371,11 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     for (int q = 0; q < F; ++q) {
       const Integer kk = k + q * m;
       if (2 * q < F) {
-        store(x + g + kk, gap, zr[q]);
-        put_down(x + g + fm - kk, zi[q]);
+        store(x + g + kk, gap, sc(zr[q]));
+        put_down(x + g + fm - kk, sc(zi[q]));
       } else {
-        put_down(x + g + fm - kk, zr[q]);
-        store(x + g + kk, gap, -zi[q]);
+        put_down(x + g + fm - kk, sc(zr[q]));
+        store(x + g + kk, gap, sc(-zi[q]));
       }
     }
   };
@@ -372,10 +395,10 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     dft(re, im);
     for (int q = 0; 2 * q + 1 < F; ++q) {
       const Integer kk = k + q * m;
-      store(x + g + kk, fm, re[q]);
-      store(x + g + fm - kk, fm, im[q]);
+      store(x + g + kk, fm, sc(re[q]));
+      store(x + g + fm - kk, fm, sc(im[q]));
     }
-    if (F % 2 == 1) store(x + g + fm / 2, fm, re[F / 2]);
+    if (F % 2 == 1) store(x + g + fm / 2, fm, sc(re[F / 2]));
   };
 
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
@@ -742,13 +765,27 @@ void reorder(Integer n, const Factors& fac, Data data) {
   reorder_square_free(n, fac.square_free, fac.kt, data);
 }
 
+// A power of two has no mantissa bits (d is a square root of a length,
+// normal and positive), and then 1/d is exact.
+bool exact_reciprocal(double d) {
+  return (std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0;
+}
+
 }  // namespace
 
-void real_transform(Integer n, const Factors& fac, double* x) {
+void real_transform(Integer n, const Factors& fac, double* x, double d) {
   reorder(n, fac, OneArray{x});
   Integer m = 1;
   for (const Integer* f = fac.stage; *f != 0; ++f) {
-    with_radix(*f, [&](const auto& dft) { real_pass(dft, n, m, x); });
+    const bool last = m * *f == n;
+    with_radix(*f, [&](const auto& dft) {
+      if (!last)
+        real_pass(dft, n, m, x, Unscaled{});
+      else if (exact_reciprocal(d))
+        real_pass(dft, n, m, x, TimesReciprocal{1.0 / d});
+      else
+        real_pass(dft, n, m, x, Divided{d});
+    });
     m *= *f;
   }
 }
@@ -784,9 +821,7 @@ void divide(Integer n, double* x, double d) {
     for (; i + 2 <= n; i += 2) store(x + i, op(load<Pair>(x + i)));
     for (; i < n; ++i) x[i] = op(Pair{x[i], 0.0})[0];
   };
-  // A power of two has no mantissa bits (d is a square root of a length,
-  // normal and positive).
-  if ((std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0) {
+  if (exact_reciprocal(d)) {
     const double r = 1.0 / d;
     each([r](Pair v) { return v * r; });
   } else {

@@ -8,9 +8,10 @@
 
 namespace zil::fft {
 
-// Real to Hermitian, unscaled: reorder, then decimation-in-time passes with
-// the span rising from 1.
-void real_transform(Integer n, const Factors& fac, double* x);
+// Real to Hermitian, divided by d: reorder, then decimation-in-time passes
+// with the span rising from 1, the last of which divides each value by d
+// as it stores it.
+void real_transform(Integer n, const Factors& fac, double* x, double d);
 
 // Hermitian to real, unscaled: decimation-in-frequency passes with the span
 // falling from n, then reorder.
