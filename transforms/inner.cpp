@@ -60,7 +60,9 @@ void run(const InnerMessages& form, double* x, Integer n, Integer* ifail, Transf
 namespace zil {
 
 void C06EAF(double x[], const Integer* n, Integer* ifail) {
-  run(kC06EAF, x, *n, ifail, fft::real_transform);
+  run(kC06EAF, x, *n, ifail, [](Integer len, const fft::Factors& fac, double* v, double d) {
+    fft::real_transform(len, fac, v, d);
+  });
 }
 
 void C06EBF(double x[], const Integer* n, Integer* ifail) {

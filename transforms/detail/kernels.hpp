@@ -31,6 +31,9 @@
 namespace zil::fft {
 
 typedef double Pair __attribute__((vector_size(16)));
+// Four doubles: the lanes of an AVX register, in the functions compiled
+// for that instruction set alone (see the real pass).
+typedef double Quad __attribute__((vector_size(32)));
 // Eight doubles, a cache line: see the complex pass for when it serves.
 // The compiler splits its arithmetic into SSE2 pairs.
 typedef double Line __attribute__((vector_size(64)));
@@ -45,14 +48,21 @@ template <class T>
 [[gnu::always_inline]] inline void store(double* p, double v) { *p = v; }
 [[gnu::always_inline]] inline void store(double* p, Pair v) { std::memcpy(p, &v, sizeof v); }
 [[gnu::always_inline]] inline void store(double* p, Line v) { std::memcpy(p, &v, sizeof v); }
+template <class T>
+  requires(sizeof(T) == sizeof(Quad))
+[[gnu::always_inline]] inline void store(double* p, T v) {
+  std::memcpy(p, &v, sizeof v);
+}
 
 // One value in every lane (a twiddle shared by two groups).
 template <class T>
 [[gnu::always_inline]] inline T splat(double v) {
   if constexpr (sizeof(T) == sizeof(double))
     return v;
-  else
+  else if constexpr (sizeof(T) == sizeof(Pair))
     return T{v, v};
+  else
+    return T{v, v, v, v};
 }
 
 // The same for elements p and p+gap: the trivial butterflies of two
@@ -76,8 +86,17 @@ template <class T>
 
 // The same for elements p and p-1, in that order: the partner indices m-k
 // of a Hermitian block fall as k rises.
-[[gnu::always_inline]] inline double flip(double v) { return v; }
-[[gnu::always_inline]] inline Pair flip(Pair v) { return Pair{v[1], v[0]}; }
+// (A template, so that a file built without AVX never compiles the Quad
+// form, whose ABI would differ.)
+template <class T>
+[[gnu::always_inline]] inline T flip(T v) {
+  if constexpr (sizeof(T) == sizeof(double))
+    return v;
+  else if constexpr (sizeof(T) == sizeof(Pair))
+    return T{v[1], v[0]};
+  else
+    return T{v[3], v[2], v[1], v[0]};
+}
 template <class T>
 [[gnu::always_inline]] inline T load_down(const double* p) {
   return flip(load<T>(p + 1 - sizeof(T) / sizeof(double)));

@@ -10,8 +10,9 @@ namespace zil::fft {
 
 // Real to Hermitian, divided by d: reorder, then decimation-in-time passes
 // with the span rising from 1, the last of which divides each value by d
-// as it stores it.
-void real_transform(Integer n, const Factors& fac, double* x, double d);
+// as it stores it.  The passes run in their AVX2 copy when the processor
+// has it, unless wide is false; either way gives the same bits.
+void real_transform(Integer n, const Factors& fac, double* x, double d, bool wide = true);
 
 // Hermitian to real, unscaled: decimation-in-frequency passes with the span
 // falling from n, then reorder.
