@@ -58,8 +58,8 @@ inline void sin_cos(Pair a, Pair& s, Pair& c) {
 // takes as many roundings as by the chain w(l-1)*w(1), but the chain of
 // dependent products is log2(f) long instead of f-2, which is what a short
 // transform, with few indices to overlap, waits on.
-template <int F>
-[[gnu::always_inline]] inline void powers(Pair c, Pair s, Pair* wr, Pair* wi) {
+template <int F, class V>
+[[gnu::always_inline]] inline void powers(V c, V s, V* wr, V* wi) {
   wr[1] = c;
   wi[1] = -s;
   for (int l = 2; l < F; ++l) {
@@ -67,6 +67,21 @@ template <int F>
     wr[l] = wr[a] * wr[b] - wi[a] * wi[b];
     wi[l] = wr[a] * wi[b] + wi[a] * wr[b];
   }
+}
+
+// The powers of the twiddles of indices at offsets with cosines c and sines
+// s from a chunk's first index, whose angle has cosine bc and sine bs
+// (rotate: the chunk does not start at 0): the angle-sum formulas, then the
+// powers.
+template <int F, class V>
+[[gnu::always_inline]] inline void offset_powers(V c, V s, double bc, double bs, bool rotate, V* wr,
+                                                 V* wi) {
+  if (rotate) {
+    const V ct = c;
+    c = bc * ct - bs * s;
+    s = bs * ct + bc * s;
+  }
+  powers<F>(c, s, wr, wi);
 }
 
 // cos and sin of the angles of indices k and k+1, k*2*pi/fm.
@@ -120,31 +135,18 @@ struct Chunk {
 
   // Fills the chunk that starts at first, for the indices k <= m/2.  The
   // partner twiddles, exp(-i*2*pi*q/f) times the conjugate of those of k,
-  // come from the roots rc, rs when asked for.  base, when given, holds the
-  // cosine and sine of the angle of first, made ahead by the caller.
-  void fill(Integer start, Integer m, const double* rc, const double* rs,
-            const double* base = nullptr) {
+  // come from the roots rc, rs when asked for.
+  void fill(Integer start, Integer m, const double* rc, const double* rs) {
     first = start;
     end = std::min<Integer>(start + kChunk, m / 2 + 1);
     pair_end = std::min<Integer>(end, (m + 1) / 2);
     Pair base_s = {}, base_c = {};
-    if (first > 0 && base) {
-      base_c[0] = base[0];
-      base_s[0] = base[1];
-    } else if (first > 0) {
-      angle_sin_cos(first, F * m, base_s, base_c);
-    }
+    if (first > 0) angle_sin_cos(first, F * m, base_s, base_c);
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
       const bool both = k + 1 < end;
       const Integer i = k - first;
-      Pair c = load<Pair>(oc + i), s = load<Pair>(os + i);
-      if (first > 0) {
-        const Pair ct = c;
-        c = base_c[0] * ct - base_s[0] * s;
-        s = base_s[0] * ct + base_c[0] * s;
-      }
       Pair w_r[F], w_i[F];
-      powers<F>(c, s, w_r, w_i);
+      offset_powers<F>(load<Pair>(oc + i), load<Pair>(os + i), base_c[0], base_s[0], first > 0, w_r, w_i);
       for (int q = 1; q < F; ++q) {
         put(&wr[q][i], w_r[q], both);
         put(&wi[q][i], w_i[q], both);
@@ -353,6 +355,37 @@ inline constexpr Integer kBases = 32;
   }
 }
 
+// A chunk's twiddles for a real pass, which needs no partners: as
+// Chunk::fill, from the base made ahead (see chunk_bases), W lanes at a
+// time while four indices remain, so that the AVX2 copy of the pass makes
+// its twiddles as wide as it uses them; the values are the same.
+template <class W, int F>
+[[gnu::always_inline]] inline void fill_real(Chunk<F>& c, Integer start, Integer m, const double* base) {
+  c.first = start;
+  c.end = std::min<Integer>(start + kChunk, m / 2 + 1);
+  c.pair_end = std::min<Integer>(c.end, (m + 1) / 2);
+  const double bc = start > 0 ? base[0] : 1.0, bs = start > 0 ? base[1] : 0.0;  // unmade at 0
+  auto some = [&](auto lanes, Integer k, bool all) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    const Integer i = k - start;
+    T w_r[F], w_i[F];
+    offset_powers<F>(load<T>(c.oc + i), load<T>(c.os + i), bc, bs, start > 0, w_r, w_i);
+    for (int q = 1; q < F; ++q) {
+      if constexpr (sizeof(T) > sizeof(Pair)) {
+        store(&c.wr[q][i], w_r[q]);
+        store(&c.wi[q][i], w_i[q]);
+      } else {
+        Chunk<F>::put(&c.wr[q][i], w_r[q], all);
+        Chunk<F>::put(&c.wi[q][i], w_i[q], all);
+      }
+    }
+  };
+  Integer k = std::max<Integer>(start, 1);
+  if constexpr (sizeof(W) > sizeof(Pair))
+    for (; k + 4 <= c.end; k += 4) some(W{}, k, true);
+  for (; k < c.end; k += 2) some(Pair{}, k, k + 1 < c.end);
+}
+
 // W is the widest vector that the inner indices of one group run on: Pair,
 // or Quad in the copy compiled for AVX2 (real_pass_avx2).  Four
 // neighbouring indices per butterfly halve the instructions of the long
@@ -445,7 +478,7 @@ template <class W, class D, class S>
     const Integer b = first / kChunk % kBases, chunks_left = (m / 2 - first) / kChunk + 1;
     // A single chunk (first = 0) needs no base.
     if (b == 0 && (first > 0 || chunks_left > 1)) chunk_bases(first, F * m, std::min(kBases, chunks_left), base);
-    c.fill(first, m, nullptr, nullptr, base + 2 * b);
+    fill_real<W>(c, first, m, base + 2 * b);
     const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
     const Integer k0 = std::max<Integer>(first, 1);
     const Integer pairs_end = k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
