@@ -38,7 +38,7 @@ typedef double Quad __attribute__((vector_size(32)));
 // The compiler splits its arithmetic into SSE2 pairs.
 typedef double Line __attribute__((vector_size(64)));
 
-// Unaligned access to two neighbouring doubles, or to one.
+// Unaligned access to two or four neighbouring doubles, or to one.
 template <class T>
 [[gnu::always_inline]] inline T load(const double* p) {
   T v;

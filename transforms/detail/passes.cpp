@@ -411,9 +411,9 @@ template <class W, class D, class S>
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
   // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1 of
-  // one group (gap 1), or index k of the groups g and g+f*m (gap f*m), which
-  // then share its twiddles; the partner elements m-k fall as k rises only
-  // in the first case.
+  // one group (gap 1; a Quad k to k+3), or index k of the groups g and
+  // g+f*m (gap f*m), which then share its twiddles; the partner elements
+  // m-k fall as k rises only in the first case.
   auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i, Integer gap = 1)
                          __attribute__((always_inline)) {
     using T = decltype(lanes);
