@@ -51,8 +51,7 @@ void run(const InnerMessages& form, double* x, Integer n, Integer* ifail, Transf
     case zil::fft::FactorStatus::prime_above_limit: *ifail = fail_with(form, *ifail, 1, n); return;
     case zil::fft::FactorStatus::too_many_factors: *ifail = fail_with(form, *ifail, 2, n); return;
   }
-  transform(n, fac, x);
-  zil::fft::divide(n, x, std::sqrt(static_cast<double>(n)));
+  transform(n, fac, x, std::sqrt(static_cast<double>(n)));
   *ifail = 0;
 }
 
@@ -61,11 +60,16 @@ void run(const InnerMessages& form, double* x, Integer n, Integer* ifail, Transf
 namespace zil {
 
 void C06EAF(double x[], const Integer* n, Integer* ifail) {
-  run(kC06EAF, x, *n, ifail, fft::real_transform);
+  run(kC06EAF, x, *n, ifail, [](Integer len, const fft::Factors& fac, double* v, double d) {
+    fft::real_transform(len, fac, v, d);
+  });
 }
 
 void C06EBF(double x[], const Integer* n, Integer* ifail) {
-  run(kC06EBF, x, *n, ifail, fft::hermitian_transform);
+  run(kC06EBF, x, *n, ifail, [](Integer len, const fft::Factors& fac, double* v, double d) {
+    fft::hermitian_transform(len, fac, v);
+    fft::divide(len, v, d);
+  });
 }
 
 }  // namespace zil

@@ -40,25 +40,29 @@ double root_n(Integer n) { return std::sqrt(static_cast<double>(n)); }
 
 namespace {
 
-// c06eac and c06ebc differ only in their transform.
-void one_real_array(const char* routine, Integer n, double* x, ZilError* fail,
-                    void (*transform)(Integer, const Factors&, double*)) {
+// c06eac and c06ebc differ only in their transform; the real one divides
+// by sqrt(n) in its last pass.
+void one_real_array(const char* routine, Integer n, double* x, ZilError* fail, bool real) {
   zil::Reporter rep(fail, routine);
   Factors fac;
   if (refused(rep, n, fac, {{x, "x"}})) return;
-  transform(n, fac, x);
-  zil::fft::divide(n, x, root_n(n));
+  if (real) {
+    zil::fft::real_transform(n, fac, x, root_n(n));
+  } else {
+    zil::fft::hermitian_transform(n, fac, x);
+    zil::fft::divide(n, x, root_n(n));
+  }
   rep.success();
 }
 
 }  // namespace
 
 extern "C" void c06eac(Integer n, double x[], ZilError* fail) {
-  one_real_array("c06eac", n, x, fail, zil::fft::real_transform);
+  one_real_array("c06eac", n, x, fail, true);
 }
 
 extern "C" void c06ebc(Integer n, double x[], ZilError* fail) {
-  one_real_array("c06ebc", n, x, fail, zil::fft::hermitian_transform);
+  one_real_array("c06ebc", n, x, fail, false);
 }
 
 extern "C" void c06ecc(Integer n, double x[], double y[], ZilError* fail) {
@@ -76,10 +80,8 @@ extern "C" void c06ekc(Integer job, Integer n, double x[], double y[], ZilError*
   if (refused(rep, n, fac, {{x, "x"}, {y, "y"}})) return;
 
   const double rn = root_n(n);
-  zil::fft::real_transform(n, fac, x);
-  zil::fft::divide(n, x, rn);
-  zil::fft::real_transform(n, fac, y);
-  zil::fft::divide(n, y, rn);
+  zil::fft::real_transform(n, fac, x, rn);
+  zil::fft::real_transform(n, fac, y, rn);
 
   // With X and Y the unitary transforms, X*Y (conj(X)*Y for the
   // correlation) is the plain transform of the result.  y keeps it and x

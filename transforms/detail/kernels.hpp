@@ -13,6 +13,13 @@
 // does exactly the scalar arithmetic, so results do not depend on which
 // way an index went.
 //
+// Each radix also has real(v): the DFT of f real values, left in place in
+// the Hermitian layout of length f (v[q] the real and v[f-q] the imaginary
+// part of output q).  A complex butterfly fed zero imaginary parts spends
+// half its additions on those zeros, which IEEE arithmetic does not let
+// the compiler drop; every first index of a real pass, and the whole of its
+// first pass, has real inputs.
+//
 // Every butterfly is forced inline: called out of line, its f values go
 // through memory on each call, which cost the radix-8 passes a third of
 // their time.
@@ -25,8 +32,8 @@
 namespace zil::fft {
 
 typedef double Pair __attribute__((vector_size(16)));
-// Four neighbouring indices at once in the complex passes on a processor
-// with AVX2; elsewhere the compiler splits it into SSE2 pairs.
+// Four neighbouring indices at once, in the passes compiled for AVX2
+// alone (see the complex and the real pass).
 typedef double Quad __attribute__((vector_size(32)));
 // Eight doubles, a cache line: see the complex pass for when it serves.
 // The compiler splits its arithmetic into SSE2 pairs.
@@ -54,7 +61,7 @@ struct Octet {
 [[gnu::always_inline]] inline Octet operator-(Octet a) { return {-a.lo, -a.hi}; }
 [[gnu::always_inline]] inline Octet& operator+=(Octet& a, Octet b) { return a = a + b; }
 
-// Unaligned access to two neighbouring doubles, or to one.
+// Unaligned access to two, four or eight neighbouring doubles, or to one.
 template <class T>
 [[gnu::always_inline]] inline T load(const double* p) {
   if constexpr (std::is_same_v<T, Octet>) {
@@ -109,8 +116,17 @@ template <class T>
 
 // The same for elements p and p-1, in that order: the partner indices m-k
 // of a Hermitian block fall as k rises.
-[[gnu::always_inline]] inline double flip(double v) { return v; }
-[[gnu::always_inline]] inline Pair flip(Pair v) { return Pair{v[1], v[0]}; }
+// (A template, so that a file built without AVX never compiles the Quad
+// form, whose ABI would differ.)
+template <class T>
+[[gnu::always_inline]] inline T flip(T v) {
+  if constexpr (sizeof(T) == sizeof(double))
+    return v;
+  else if constexpr (sizeof(T) == sizeof(Pair))
+    return T{v[1], v[0]};
+  else
+    return T{v[3], v[2], v[1], v[0]};
+}
 template <class T>
 [[gnu::always_inline]] inline T load_down(const double* p) {
   return flip(load<T>(p + 1 - sizeof(T) / sizeof(double)));
@@ -154,6 +170,12 @@ struct Dft2 {
     re[1] = r0 - re[1];
     im[1] = i0 - im[1];
   }
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    const T v0 = v[0];
+    v[0] = v0 + v[1];
+    v[1] = v0 - v[1];
+  }
 };
 
 struct Dft3 {
@@ -168,6 +190,13 @@ struct Dft3 {
     re[0] += tr;
     im[0] += ti;
     set_pair(re, im, 1, 2, ur, ui, vr, vi);
+  }
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    const T t = v[1] + v[2], d = v[1] - v[2];
+    v[1] = v[0] - 0.5 * t;
+    v[2] = -(h * d);
+    v[0] += t;
   }
 };
 
@@ -193,6 +222,14 @@ struct Dft4 {
   [[gnu::always_inline]] void operator()(T* re, T* im) const {
     dft4(re[0], im[0], re[1], im[1], re[2], im[2], re[3], im[3]);
   }
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    const T a = v[0] + v[2], b = v[0] - v[2], c = v[1] + v[3], d = v[1] - v[3];
+    v[0] = a + c;
+    v[1] = b;
+    v[2] = a - c;
+    v[3] = -d;
+  }
 };
 
 struct Dft5 {
@@ -216,6 +253,16 @@ struct Dft5 {
     im[0] += ti;
     set_pair(re, im, 1, 4, c1r, c1i, e1r, e1i);
     set_pair(re, im, 2, 3, c2r, c2i, e2r, e2i);
+  }
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    const T a1 = v[1] + v[4], b1 = v[1] - v[4], a2 = v[2] + v[3], b2 = v[2] - v[3];
+    const T t = a1 + a2, mid = v[0] - 0.25 * t, d = r5 * (a1 - a2);
+    v[0] += t;
+    v[1] = mid + d;
+    v[2] = mid - d;
+    v[3] = -(s2 * b1 - s1 * b2);
+    v[4] = -(s1 * b1 + s2 * b2);
   }
 };
 
@@ -250,6 +297,24 @@ struct Dft8 {
       re[2 * q + 1] = br[q];
       im[2 * q + 1] = bi[q];
     }
+  }
+  // Even outputs: the four-point DFT of a(j) = v(j) + v(j+4); odd ones: of
+  // b(j) = v(j) - v(j+4) times exp(-i*pi*j/4), whose outputs 1 and 3
+  // combine b(1) and b(3) only through their sum and difference.
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    const T a0 = v[0] + v[4], a1 = v[1] + v[5], a2 = v[2] + v[6], a3 = v[3] + v[7];
+    const T b0 = v[0] - v[4], b1 = v[1] - v[5], b2 = v[2] - v[6], b3 = v[3] - v[7];
+    const T s0 = a0 + a2, s1 = a1 + a3;
+    const T t1 = r * (b1 - b3), t2 = r * (b1 + b3);
+    v[0] = s0 + s1;
+    v[4] = s0 - s1;
+    v[2] = a0 - a2;
+    v[6] = a3 - a1;
+    v[1] = b0 + t1;
+    v[7] = -(b2 + t2);
+    v[3] = b0 - t1;
+    v[5] = b2 - t2;
   }
 };
 
@@ -297,6 +362,27 @@ struct DftOdd {
     }
     re[0] = sr;
     im[0] = si;
+  }
+  template <class T>
+  [[gnu::always_inline]] void real(T* v) const {
+    T a[h], b[h];
+    T s = v[0];
+    for (int j = 0; j < h; ++j) {
+      a[j] = v[j + 1] + v[F - 1 - j];
+      b[j] = v[j + 1] - v[F - 1 - j];
+      s += a[j];
+    }
+    const T v0 = v[0];
+    v[0] = s;
+    for (int l = 0; l < h; ++l) {
+      T p = v0, q = {};
+      for (int j = 0; j < h; ++j) {
+        p += a[j] * cs[j][l];
+        q += b[j] * sn[j][l];
+      }
+      v[l + 1] = p;
+      v[F - 1 - l] = -q;
+    }
   }
 };
 

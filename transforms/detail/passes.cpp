@@ -59,8 +59,8 @@ inline void sin_cos(Pair a, Pair& s, Pair& c) {
 // takes as many roundings as by the chain w(l-1)*w(1), but the chain of
 // dependent products is log2(f) long instead of f-2, which is what a short
 // transform, with few indices to overlap, waits on.
-template <int F>
-[[gnu::always_inline]] inline void powers(Pair c, Pair s, Pair* wr, Pair* wi) {
+template <int F, class V>
+[[gnu::always_inline]] inline void powers(V c, V s, V* wr, V* wi) {
   wr[1] = c;
   wi[1] = -s;
   for (int l = 2; l < F; ++l) {
@@ -68,6 +68,21 @@ template <int F>
     wr[l] = wr[a] * wr[b] - wi[a] * wi[b];
     wi[l] = wr[a] * wi[b] + wi[a] * wr[b];
   }
+}
+
+// The powers of the twiddles of indices at offsets with cosines c and sines
+// s from a chunk's first index, whose angle has cosine bc and sine bs
+// (rotate: the chunk does not start at 0): the angle-sum formulas, then the
+// powers.
+template <int F, class V>
+[[gnu::always_inline]] inline void offset_powers(V c, V s, double bc, double bs, bool rotate, V* wr,
+                                                 V* wi) {
+  if (rotate) {
+    const V ct = c;
+    c = bc * ct - bs * s;
+    s = bs * ct + bc * s;
+  }
+  powers<F>(c, s, wr, wi);
 }
 
 // cos and sin of the angles of indices k and k+1, k*2*pi/fm.
@@ -131,14 +146,8 @@ struct Chunk {
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
       const bool both = k + 1 < end;
       const Integer i = k - first;
-      Pair c = load<Pair>(oc + i), s = load<Pair>(os + i);
-      if (first > 0) {
-        const Pair ct = c;
-        c = base_c[0] * ct - base_s[0] * s;
-        s = base_s[0] * ct + base_c[0] * s;
-      }
       Pair w_r[F], w_i[F];
-      powers<F>(c, s, w_r, w_i);
+      offset_powers<F>(load<Pair>(oc + i), load<Pair>(os + i), base_c[0], base_s[0], first > 0, w_r, w_i);
       for (int q = 1; q < F; ++q) {
         put(&wr[q][i], w_r[q], both);
         put(&wi[q][i], w_i[q], both);
@@ -195,14 +204,22 @@ template <class T>
 // The division of the results by d, as the public routines state it: by
 // the reciprocal when d is a power of two, whose reciprocal is exact, so
 // that x*(1/d) is the very quotient x/d; otherwise a true division.
+// A power of two has no mantissa bits (d is a length or its square root,
+// normal and positive), and then 1/d is exact.
+bool exact_reciprocal(double d) {
+  return (std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0;
+}
+
+// Whether the passes run in their AVX2 copy.
+bool four_lanes(Lanes lanes) {
+  return lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+}
+
 struct Divisor {
   double d, r;
   bool by_reciprocal;
-  explicit Divisor(double divisor) : d(divisor), r(1.0 / divisor) {
-    // A power of two has no mantissa bits (d is a length or its square
-    // root, normal and positive).
-    by_reciprocal = (std::bit_cast<std::uint64_t>(d) & ((std::uint64_t{1} << 52) - 1)) == 0;
-  }
+  explicit Divisor(double divisor)
+      : d(divisor), r(1.0 / divisor), by_reciprocal(exact_reciprocal(divisor)) {}
   template <class T>
   [[gnu::always_inline]] T operator()(T v) const {
     return by_reciprocal ? v * r : v / d;
@@ -391,9 +408,119 @@ template <class Wide, class D>
 // layout (block l at place(l)); they become one block of length f*m,
 // Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
 
-template <class D>
-void real_pass(const D& dft, Integer n, Integer m, double* x) {
+// What the last real pass does to each value before it stores it: nothing
+// in the passes before, and the final division by sqrt(n) in the last one.
+// Done there, the divisions overlap the butterflies' arithmetic instead of
+// taking a sweep of their own, in which the divider alone set the pace (a
+// ninth of a transform of 720).  A value divided before its store is the
+// value divided after it, so the result is the same to the bit.
+struct Unscaled {
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v; }
+};
+struct Divided {
+  double d;
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v / d; }
+};
+// d a power of two: 1/d is exact, and the product is the quotient.
+struct TimesReciprocal {
+  double r;
+  template <class T>
+  [[gnu::always_inline]] T operator()(T v) const { return v * r; }
+};
+
+// The first pass (m = 1): every group is f consecutive real values whose
+// DFT stays in place in the Hermitian layout.  Two groups at a time, with
+// offsets fixed at compile time: the general pass, with the span and the
+// lane gap known only at run time, spent more instructions on addresses
+// than on the transform.
+template <class D, class S>
+void real_first_pass(const D& dft, Integer n, double* x, S sc) {
   constexpr int F = D::f;
+  Integer g = 0;
+  for (; g + 2 * F <= n; g += 2 * F) {
+    double* p = x + g;
+    Pair v[F];
+    for (int l = 0; l < F; ++l) v[l] = Pair{p[D::place(l)], p[F + D::place(l)]};
+    dft.real(v);
+    for (int q = 0; q < F; ++q) {
+      const Pair w = sc(v[q]);
+      p[q] = w[0];
+      p[F + q] = w[1];
+    }
+  }
+  if (g < n) {
+    double v[F];
+    for (int l = 0; l < F; ++l) v[l] = x[g + D::place(l)];
+    dft.real(v);
+    for (int q = 0; q < F; ++q) x[g + q] = sc(v[q]);
+  }
+}
+
+// The cosines and sines of the angles of the chunks' first indices first,
+// first + kChunk, ..., count of them, at base[2j] and base[2j+1].  Made in
+// one loop of independent evaluations ahead of the chunks, they overlap
+// one another; made one per chunk, each series was a chain of dependent
+// products that the butterflies after it waited on, which was two fifths
+// of a last pass with a long span (radix 2 at 1024).  The angle is formed
+// as in angle_sin_cos, so the values are the same.
+inline constexpr Integer kBases = 32;
+
+[[gnu::always_inline]] inline void chunk_bases(Integer first, Integer fm, Integer count, double* base) {
+  for (Integer j = 0; j < count; j += 2) {
+    const Integer k = first + j * kChunk;
+    const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k + kChunk)} * kTwoPi /
+                       static_cast<double>(fm);
+    Pair s, c;
+    sin_cos(angle, s, c);
+    base[2 * j] = c[0];
+    base[2 * j + 1] = s[0];
+    base[2 * j + 2] = c[1];
+    base[2 * j + 3] = s[1];
+  }
+}
+
+// A chunk's twiddles for a real pass, which needs no partners: as
+// Chunk::fill, from the base made ahead (see chunk_bases), W lanes at a
+// time while four indices remain, so that the AVX2 copy of the pass makes
+// its twiddles as wide as it uses them; the values are the same.
+template <class W, int F>
+[[gnu::always_inline]] inline void fill_real(Chunk<F>& c, Integer start, Integer m, const double* base) {
+  c.first = start;
+  c.end = std::min<Integer>(start + kChunk, m / 2 + 1);
+  c.pair_end = std::min<Integer>(c.end, (m + 1) / 2);
+  const double bc = start > 0 ? base[0] : 1.0, bs = start > 0 ? base[1] : 0.0;  // unmade at 0
+  auto some = [&](auto lanes, Integer k, bool all) __attribute__((always_inline)) {
+    using T = decltype(lanes);
+    const Integer i = k - start;
+    T w_r[F], w_i[F];
+    offset_powers<F>(load<T>(c.oc + i), load<T>(c.os + i), bc, bs, start > 0, w_r, w_i);
+    for (int q = 1; q < F; ++q) {
+      if constexpr (sizeof(T) > sizeof(Pair)) {
+        store(&c.wr[q][i], w_r[q]);
+        store(&c.wi[q][i], w_i[q]);
+      } else {
+        Chunk<F>::put(&c.wr[q][i], w_r[q], all);
+        Chunk<F>::put(&c.wi[q][i], w_i[q], all);
+      }
+    }
+  };
+  Integer k = std::max<Integer>(start, 1);
+  if constexpr (sizeof(W) > sizeof(Pair))
+    for (; k + 4 <= c.end; k += 4) some(W{}, k, true);
+  for (; k < c.end; k += 2) some(Pair{}, k, k + 1 < c.end);
+}
+
+// W is the widest vector that the inner indices of one group run on: Pair,
+// or Quad in the copy compiled for AVX2 (real_pass_avx2).  Four
+// neighbouring indices per butterfly halve the instructions of the long
+// spans, where those butterflies are most of the work; each lane still does
+// the scalar arithmetic, so the results are the same either way.
+template <class W, class D, class S>
+[[gnu::always_inline]] inline void real_pass_body(const D& dft, Integer n, Integer m, double* x, S sc) {
+  constexpr int F = D::f;
+  if (m == 1) return real_first_pass(dft, n, x, sc);
   const Integer fm = F * m;
   Chunk<F> c(m);
 
@@ -402,36 +529,32 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
   // m = 1, is the whole pass.
   auto first_index = [&](auto lanes, Integer g) __attribute__((always_inline)) {
     using T = decltype(lanes);
-    T zr[F], zi[F];
-    for (int l = 0; l < F; ++l) {
-      zr[l] = load<T>(x + g + D::place(l) * m, fm);
-      zi[l] = T{};
-    }
-    dft(zr, zi);
-    store(x + g, fm, zr[0]);
-    for (int q = 1; 2 * q < F; ++q) {
-      store(x + g + q * m, fm, zr[q]);
-      store(x + g + (F - q) * m, fm, zi[q]);
-    }
-    if (F % 2 == 0) store(x + g + (F / 2) * m, fm, zr[F / 2]);
+    T v[F];
+    for (int l = 0; l < F; ++l) v[l] = load<T>(x + g + D::place(l) * m, fm);
+    dft.real(v);
+    for (int q = 0; q < F; ++q) store(x + g + q * m, fm, sc(v[q]));
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
   // conjugate is stored at f*m - (k + q*m).  T = Pair does k and k+1 of
-  // one group (gap 1), or index k of the groups g and g+f*m (gap f*m), which
-  // then share its twiddles; the partner elements m-k fall as k rises only
-  // in the first case.
+  // one group (gap 1; a Quad k to k+3), or index k of the groups g and
+  // g+f*m (gap f*m), which then share its twiddles; the partner elements
+  // m-k fall as k rises only in the first case.
   auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i, Integer gap = 1)
                          __attribute__((always_inline)) {
     using T = decltype(lanes);
-    auto down = [gap](const double* p) { return gap == 1 ? load_down<T>(p) : load<T>(p, gap); };
-    auto put_down = [gap](double* p, T v) {
+    auto down = [gap](const double* p) __attribute__((always_inline)) {
+      return gap == 1 ? load_down<T>(p) : load<T>(p, gap);
+    };
+    auto put_down = [gap](double* p, T v) __attribute__((always_inline)) {
       if (gap == 1)
         store_down(p, v);
       else
         store(p, gap, v);
     };
-    auto twiddle = [&](const double* w) { return gap == 1 ? load<T>(w) : splat<T>(*w); };
+    auto twiddle = [&](const double* w) __attribute__((always_inline)) {
+      return gap == 1 ? load<T>(w) : splat<T>(*w);
+    };
     T zr[F], zi[F];
     zr[0] = load<T>(x + g + k, gap);
     zi[0] = down(x + g + m - k);
@@ -446,11 +569,11 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     for (int q = 0; q < F; ++q) {
       const Integer kk = k + q * m;
       if (2 * q < F) {
-        store(x + g + kk, gap, zr[q]);
-        put_down(x + g + fm - kk, zi[q]);
+        store(x + g + kk, gap, sc(zr[q]));
+        put_down(x + g + fm - kk, sc(zi[q]));
       } else {
-        put_down(x + g + fm - kk, zr[q]);
-        store(x + g + kk, gap, -zi[q]);
+        put_down(x + g + fm - kk, sc(zr[q]));
+        store(x + g + kk, gap, sc(-zi[q]));
       }
     }
   };
@@ -470,14 +593,18 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     dft(re, im);
     for (int q = 0; 2 * q + 1 < F; ++q) {
       const Integer kk = k + q * m;
-      store(x + g + kk, fm, re[q]);
-      store(x + g + fm - kk, fm, im[q]);
+      store(x + g + kk, fm, sc(re[q]));
+      store(x + g + fm - kk, fm, sc(im[q]));
     }
-    if (F % 2 == 1) store(x + g + fm / 2, fm, re[F / 2]);
+    if (F % 2 == 1) store(x + g + fm / 2, fm, sc(re[F / 2]));
   };
 
+  double base[2 * kBases + 2];  // one spare pair: count may be odd
   for (Integer first = 0; 2 * first <= m; first += kChunk) {
-    c.fill(first, m, nullptr, nullptr);
+    const Integer b = first / kChunk % kBases, chunks_left = (m / 2 - first) / kChunk + 1;
+    // A single chunk (first = 0) needs no base.
+    if (b == 0 && (first > 0 || chunks_left > 1)) chunk_bases(first, F * m, std::min(kBases, chunks_left), base);
+    fill_real<W>(c, first, m, base + 2 * b);
     const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
     const Integer k0 = std::max<Integer>(first, 1);
     const Integer pairs_end = k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
@@ -485,7 +612,10 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
     // one run once for two groups, side by side, as in the complex pass: at
     // small spans (m = 2 to 8) they are most of a group.
     auto pairs = [&](Integer g) __attribute__((always_inline)) {
-      for (Integer k = k0; k < pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
+      Integer k = k0;
+      if constexpr (sizeof(W) > sizeof(Pair))
+        for (; k + 4 <= pairs_end; k += 4) inner_index(W{}, g, k, k - first);
+      for (; k < pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
     };
     Integer g = 0;
     for (; g + fm < n; g += 2 * fm) {
@@ -502,6 +632,18 @@ void real_pass(const D& dft, Integer n, Integer m, double* x) {
       if (middle) middle_index(0.0, g, m / 2, m / 2 - first);
     }
   }
+}
+
+template <class D, class S>
+void real_pass(const D& dft, Integer n, Integer m, double* x, S sc) {
+  real_pass_body<Pair>(dft, n, m, x, sc);
+}
+
+// No "fma" here: the library rounds every product and sum apart
+// (-ffp-contract=off), on every machine alike.
+template <class D, class S>
+__attribute__((target("avx2"))) void real_pass_avx2(const D& dft, Integer n, Integer m, double* x, S sc) {
+  real_pass_body<Quad>(dft, n, m, x, sc);
 }
 
 // ---- Hermitian passes: decimation in frequency, twiddles after ------------
@@ -850,11 +992,26 @@ void reorder(Integer n, const Factors& fac, Data data) {
 
 }  // namespace
 
-void real_transform(Integer n, const Factors& fac, double* x) {
+void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes lanes) {
   reorder(n, fac, OneArray{x});
+  const bool avx2 = four_lanes(lanes);
   Integer m = 1;
   for (const Integer* f = fac.stage; *f != 0; ++f) {
-    with_radix(*f, [&](const auto& dft) { real_pass(dft, n, m, x); });
+    const bool last = m * *f == n;
+    with_radix(*f, [&](const auto& dft) {
+      auto pass = [&](auto sc) {
+        if (avx2)
+          real_pass_avx2(dft, n, m, x, sc);
+        else
+          real_pass(dft, n, m, x, sc);
+      };
+      if (!last)
+        pass(Unscaled{});
+      else if (exact_reciprocal(d))
+        pass(TimesReciprocal{1.0 / d});
+      else
+        pass(Divided{d});
+    });
     m *= *f;
   }
 }
@@ -929,8 +1086,7 @@ void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y
 
 void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
                        Lanes lanes) {
-  const bool avx2 =
-      lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+  const bool avx2 = four_lanes(lanes);
   complex_passes(fac.stage, n, n, x, y, Divisor(divisor), avx2, 0);
   reorder(n, fac, TwoArrays{x, y});
 }

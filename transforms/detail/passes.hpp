@@ -8,18 +8,21 @@
 
 namespace zil::fft {
 
-// Real to Hermitian, unscaled: reorder, then decimation-in-time passes with
-// the span rising from 1.
-void real_transform(Integer n, const Factors& fac, double* x);
 
 // Hermitian to real, unscaled: decimation-in-frequency passes with the span
 // falling from n, then reorder.
 void hermitian_transform(Integer n, const Factors& fac, double* x);
 
-// The vector width of the complex passes: two lanes (SSE2, on every x86-64
+// The vector width of the passes: two lanes (SSE2, on every x86-64
 // processor), four (AVX2; only where the processor has it), or the best the
 // processor offers.  Both widths give the same bits.
 enum class Lanes { two, four, best };
+
+// Real to Hermitian, divided by d: reorder, then decimation-in-time passes
+// with the span rising from 1, the last of which divides each value by d
+// as it stores it.
+void real_transform(Integer n, const Factors& fac, double* x, double d,
+                    Lanes lanes = Lanes::best);
 
 // Complex to complex, each result divided by divisor as divide() does it
 // (1 for the unscaled transform).

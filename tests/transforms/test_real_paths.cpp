@@ -1,0 +1,92 @@
+// The real passes exist in two compiled copies, one on SSE2 pairs and one
+// on AVX2 quadruples of neighbouring indices, chosen at run time.  Each lane
+// does the scalar arithmetic, so both must give the same bits; the accuracy
+// tests, run on whichever copy this machine picks, then speak for both.
+// Below them, the real-input butterflies that start every real pass.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+#include "fft_test_util.hpp"
+#include "transforms/detail/factor.hpp"
+#include "transforms/detail/kernels.hpp"
+#include "transforms/detail/passes.hpp"
+
+namespace {
+
+// Lengths whose passes have spans long enough for four-index butterflies,
+// with leftover pairs and single indices, the middle index, both scalings
+// (a power of four divides by a product with an exact reciprocal) and both
+// reorderings.
+TEST(FftRealPaths, WideAndNarrowCopiesAgreeBitForBit) {
+  for (Integer n : {16, 64, 100, 720, 1000, 1024, 2048, 2310, 4096, 6561, 30030, 19 * 19 * 8, 1 << 16}) {
+    zil::fft::Factors fac;
+    ASSERT_EQ(zil::fft::factorise(n, fac), zil::fft::FactorStatus::ok);
+    const double d = std::sqrt(static_cast<double>(n));
+    auto wide = fftt::data(n, static_cast<std::uint64_t>(n)), narrow = wide, pub = wide;
+    zil::fft::real_transform(n, fac, wide.data(), d, zil::fft::Lanes::best);
+    zil::fft::real_transform(n, fac, narrow.data(), d, zil::fft::Lanes::two);
+    ZilError fail{};
+    c06eac(n, pub.data(), &fail);
+    ASSERT_EQ(fail.code, 0);
+    long differ = 0, differ_pub = 0;
+    for (Integer j = 0; j < n; ++j) {
+      differ += std::bit_cast<std::uint64_t>(wide[j]) != std::bit_cast<std::uint64_t>(narrow[j]);
+      differ_pub += std::bit_cast<std::uint64_t>(wide[j]) != std::bit_cast<std::uint64_t>(pub[j]);
+    }
+    EXPECT_EQ(differ, 0) << "n = " << n;
+    EXPECT_EQ(differ_pub, 0) << "n = " << n;
+  }
+}
+
+// Each radix's real-input butterfly against the defining sum in long
+// double, on both lanes of a pair (two different inputs): the result in the
+// Hermitian layout of length f, within a few units of rounding of the
+// largest output.
+template <class D>
+void expect_real_butterfly(const D& dft) {
+  constexpr int f = D::f;
+  const auto a = fftt::data(f, 7 * f), b = fftt::data(f, 7 * f + 1);
+  zil::fft::Pair v[f];
+  for (int l = 0; l < f; ++l) v[l] = zil::fft::Pair{a[l], b[l]};
+  dft.real(v);
+  for (int lane = 0; lane < 2; ++lane) {
+    const auto& in = lane == 0 ? a : b;
+    std::vector<long double> want(f);
+    long double largest = 0;
+    for (int q = 0; 2 * q <= f; ++q) {
+      long double re = 0, im = 0;
+      for (int l = 0; l < f; ++l) {
+        const long double angle = oracle::kTwoPiL * ((l * q) % f) / f;
+        re += in[l] * std::cos(angle);
+        im -= in[l] * std::sin(angle);
+      }
+      want[q] = re;
+      if (q > 0 && 2 * q < f) want[f - q] = im;
+      largest = std::max({largest, std::fabs(re), std::fabs(im)});
+    }
+    for (int q = 0; q < f; ++q)
+      EXPECT_NEAR(static_cast<double>(v[q][lane]), static_cast<double>(want[q]),
+                  static_cast<double>(4 * fftt::kEps * largest))
+          << "radix " << f << ", slot " << q << ", lane " << lane;
+  }
+}
+
+TEST(FftRealPaths, RealInputButterfliesMatchTheDefiningSum) {
+  expect_real_butterfly(zil::fft::Dft2{});
+  expect_real_butterfly(zil::fft::Dft3{});
+  expect_real_butterfly(zil::fft::Dft4{});
+  expect_real_butterfly(zil::fft::Dft5{});
+  expect_real_butterfly(zil::fft::Dft8{});
+  expect_real_butterfly(zil::fft::DftOdd<7>{});
+  expect_real_butterfly(zil::fft::DftOdd<11>{});
+  expect_real_butterfly(zil::fft::DftOdd<13>{});
+  expect_real_butterfly(zil::fft::DftOdd<17>{});
+  expect_real_butterfly(zil::fft::DftOdd<19>{});
+}
+
+}  // namespace
