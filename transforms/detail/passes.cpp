@@ -99,14 +99,25 @@ template <int F, class V>
 // They are stored index-innermost, so that two neighbouring indices find
 // theirs side by side.
 inline constexpr Integer kChunk = 16;
+// Columns of a chunk's tables: room for every index of a short span at once
+// (below).
+inline constexpr Integer kColumns = 2 * kChunk;
 
 template <int F>
 struct Chunk {
   Integer first = 0, end = 0;  // indices k in [first, end)
   Integer pair_end = 0;        // k in [max(first, 1), pair_end) has a partner m-k
-  double wr[F][kChunk], wi[F][kChunk];  // exp(-i*q*angle(k)) at [q][k - first]
+  double wr[F][kColumns], wi[F][kColumns];  // exp(-i*q*angle(k)) at [q][k - first]
   // The same for m-k, at [q][pair_end - 1 - k]: ascending with m-k.
-  double pr[F][kChunk], pi[F][kChunk];
+  double pr[F][kColumns], pi[F][kColumns];
+  // A span short enough for one chunk (m/2 + 1 <= kChunk) has its partners
+  // beside it instead, in wr and wi at [q][m - k]: that column follows the
+  // last of the chunk's own, so the twiddles of every index 1..m-1 lie in
+  // order and the butterflies run over them in whole vectors, where the
+  // two runs took a part vector each (at m = 8, four butterflies of radix 8
+  // in place of two).  Column 0 then holds the trivial twiddle, which the
+  // butterfly of index 0 reads but does not apply.
+  bool whole = false;
   // cos and sin of the angles of the offsets j < kChunk within a chunk,
   // made once per pass.  A chunk's own angle, once per chunk, turns them
   // into the angles of its indices by the angle-sum formulas: one complex
@@ -122,7 +133,7 @@ struct Chunk {
   // string stores, whose start-up was a tenth of a real transform of 64.
   double oc[kChunk + 1], os[kChunk + 1];
 
-  explicit Chunk(Integer m) {
+  explicit Chunk(Integer m) : whole(m > 1 && m / 2 + 1 <= kChunk) {
     const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
     // m = 1 has the index 0 alone, whose twiddle is never read.
     for (Integer j = 0; j < offsets && m > 1; j += 2) {
@@ -143,6 +154,15 @@ struct Chunk {
     pair_end = std::min<Integer>(end, (m + 1) / 2);
     Pair base_s = {}, base_c = {};
     if (first > 0) angle_sin_cos(first, F * m, base_s, base_c);
+    if (whole)
+      for (int q = 1; q < F; ++q) {
+        wr[q][0] = 1.0;
+        wi[q][0] = 0.0;
+      }
+    // Where the partners go: their own tables, or after this chunk's columns.
+    double(*to_r)[kColumns] = whole ? wr : pr;
+    double(*to_i)[kColumns] = whole ? wi : pi;
+    const Integer to = whole ? end : 0;
     for (Integer k = std::max<Integer>(first, 1); k < end; k += 2) {
       const bool both = k + 1 < end;
       const Integer i = k - first;
@@ -162,8 +182,8 @@ struct Chunk {
           tr = flip(tr);
           ti = flip(ti);
         }
-        put(&pr[q][j], tr, both_paired);
-        put(&pi[q][j], ti, both_paired);
+        put(&to_r[q][to + j], tr, both_paired);
+        put(&to_i[q][to + j], ti, both_paired);
       }
     }
   }
@@ -180,7 +200,7 @@ struct Chunk {
   }
 };
 
-using Column = const double (*)[kChunk];
+using Column = const double (*)[kColumns];
 
 // ---- Complex passes: decimation in frequency, twiddles after --------------
 
@@ -226,6 +246,17 @@ struct Divisor {
   }
 };
 
+// v with its lane 0 taken from first.
+template <class T>
+[[gnu::always_inline]] inline T keep_first(T v, T first) {
+  if constexpr (std::is_same_v<T, Quad>)
+    return __builtin_shufflevector(v, first, 4, 1, 2, 3);
+  else if constexpr (std::is_same_v<T, Pair>)
+    return __builtin_shufflevector(v, first, 2, 1);
+  else
+    return first;
+}
+
 // The butterfly at offset o (and o+gap when T is a Pair: o+1 for two
 // neighbouring indices, the next group's offset for the same index of two
 // groups), its twiddles in column i of wr, wi (the same column for both
@@ -234,8 +265,11 @@ struct Divisor {
 // pass (m = 1) may divide its results by div: every element passes through
 // that pass once, and the divider then works beside the adders instead of
 // in a sweep of its own, where its throughput set the pace (a fifth of the
-// transform of 720).
-template <class T, class D>
+// transform of 720).  With PlainFirst, lane 0 is the butterfly of index 0
+// sharing a vector with its neighbours: its results are stored as they
+// are, the product with its trivial twiddle computed alongside and
+// discarded (an infinite or signed-zero value would not survive it).
+template <class T, class D, bool PlainFirst = false>
 [[gnu::always_inline]] inline void complex_butterfly(const D& dft, Integer m, double* x, double* y,
                                                      Integer o, Column wr, Column wi, Integer i,
                                                      Integer gap = 1,
@@ -259,8 +293,13 @@ template <class T, class D>
     if (wr) {
       const T cr = gap == 1 ? load_twiddle<T>(&wr[q][i]) : splat<T>(wr[q][i]);
       const T ci = gap == 1 ? load_twiddle<T>(&wi[q][i]) : splat<T>(wi[q][i]);
-      store(x + t, gap, re[q] * cr - im[q] * ci);
-      store(y + t, gap, re[q] * ci + im[q] * cr);
+      T tr = re[q] * cr - im[q] * ci, ti = re[q] * ci + im[q] * cr;
+      if constexpr (PlainFirst) {
+        tr = keep_first(tr, re[q]);
+        ti = keep_first(ti, im[q]);
+      }
+      store(x + t, gap, tr);
+      store(y + t, gap, ti);
     } else {
       store(x + t, gap, re[q]);
       store(y + t, gap, im[q]);
@@ -355,11 +394,21 @@ template <class Wide, class D>
   // radices' passes too it cost them through worse inlining.  An odd index
   // left over in two groups runs as one pair across them: at small spans
   // (m = 2, the index 1 alone) that is every twiddled butterfly of the pass.
-  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i, int groups)
-                 __attribute__((always_inline)) {
+  // from_zero: the run starts at index 0, whose twiddle is not applied.
+  auto run = [&](Integer o, Integer len, Column wr, Column wi, Integer i, int groups,
+                 bool from_zero = false) __attribute__((always_inline)) {
     for (int h = 0; h < groups; ++h) {
       const Integer oh = o + h * fm;
       Integer a = 0;
+      if (from_zero) {  // len = m >= 2
+        if (wide > 2 && len >= wide) {
+          complex_butterfly<Wide, D, true>(dft, m, x, y, oh, wr, wi, i);
+          a = wide;
+        } else {
+          complex_butterfly<Pair, D, true>(dft, m, x, y, oh, wr, wi, i);
+          a = 2;
+        }
+      }
       if constexpr (F == 8)
         if (m % 512 == 0)
           for (; a + 8 <= len; a += 8) complex_butterfly<Eight>(dft, m, x, y, oh + a, wr, wi, i + a);
@@ -375,6 +424,7 @@ template <class Wide, class D>
       complex_butterfly<double>(dft, m, x, y, o + len - 1, wr, wi, i + len - 1);
   };
   auto rest = [&](Integer g, Integer k0, int groups) __attribute__((always_inline)) {
+    if (c.whole) return run(g, m, c.wr, c.wi, 0, groups, true);
     if (c.end <= k0) return;  // m = 1: the trivial butterfly alone
     run(g + k0, c.end - k0, c.wr, c.wi, k0 - c.first, groups);
     run(g + m + 1 - c.pair_end, c.pair_end - k0, c.pr, c.pi, 0, groups);
@@ -390,11 +440,13 @@ template <class Wide, class D>
     // The trivial butterflies of two groups side by side: in the last pass,
     // where m = 1, they are the whole pass.
     for (; g + fm < n; g += 2 * fm) {
-      if (first == 0) complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm, div);
+      if (first == 0 && !c.whole)
+        complex_butterfly<Pair>(dft, m, x, y, g, nullptr, nullptr, 0, fm, div);
       rest(g, k0, 2);
     }
     for (; g < n; g += fm) {
-      if (first == 0) complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0, 1, div);
+      if (first == 0 && !c.whole)
+        complex_butterfly<double>(dft, m, x, y, g, nullptr, nullptr, 0, 1, div);
       rest(g, k0, 1);
     }
   }
