@@ -466,8 +466,9 @@ template <class Wide, class D>
 // layout (block l at place(l)); they become one block of length f*m,
 // Y(k + q*m) = sum_l exp(-i*2*pi*l*k/(f*m)) Z(l)(k) exp(-i*2*pi*l*q/f).
 
-// What the last real pass does to each value before it stores it: nothing
-// in the passes before, and the final division by sqrt(n) in the last one.
+// What a real pass does to each value before it stores it: nothing in the
+// passes before the last (Unscaled), and in the last the final division by
+// sqrt(n), through the Divisor that the complex passes use too.
 // Done there, the divisions overlap the butterflies' arithmetic instead of
 // taking a sweep of their own, in which the divider alone set the pace (a
 // ninth of a transform of 720).  A value divided before its store is the
@@ -475,17 +476,6 @@ template <class Wide, class D>
 struct Unscaled {
   template <class T>
   [[gnu::always_inline]] T operator()(T v) const { return v; }
-};
-struct Divided {
-  double d;
-  template <class T>
-  [[gnu::always_inline]] T operator()(T v) const { return v / d; }
-};
-// d a power of two: 1/d is exact, and the product is the quotient.
-struct TimesReciprocal {
-  double r;
-  template <class T>
-  [[gnu::always_inline]] T operator()(T v) const { return v * r; }
 };
 
 // The first pass (m = 1): every group is f consecutive real values whose
@@ -726,12 +716,10 @@ void real_passes(Integer n, const Integer* stage, double* x, double d) {
     const bool last = m * *f == n;
     with_radix(*f, [&](const auto& dft) {
       auto pass = [&](auto sc) { real_pass_of<W>(dft, n, m, x, sc); };
-      if (!last)
-        pass(Unscaled{});
-      else if (exact_reciprocal(d))
-        pass(TimesReciprocal{1.0 / d});
+      if (last)
+        pass(Divisor(d));
       else
-        pass(Divided{d});
+        pass(Unscaled{});
     });
     m *= *f;
   }

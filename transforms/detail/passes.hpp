@@ -8,7 +8,6 @@
 
 namespace zil::fft {
 
-
 // Hermitian to real, unscaled: decimation-in-frequency passes with the span
 // falling from n, then reorder.
 void hermitian_transform(Integer n, const Factors& fac, double* x);
