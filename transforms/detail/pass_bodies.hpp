@@ -41,26 +41,39 @@ constexpr double inverse_factorial(int j) {
   return 1.0 / f;
 }
 
-// sin and cos of two angles in [0, pi/2] at once.  The libm call, one
-// angle at a time, cost a quarter of a real transform whose last pass has a
-// large span.  An angle above pi/4 is reflected, sin a = cos(pi/2 - a),
-// where pi/2 - a is exact by Sterbenz's lemma before the tail of pi/2 is
-// added; on [0, pi/4] the Taylor series through degree 17 (sine) and 16
-// (cosine) leave a truncation below 1e-19, so the result is within about
-// one unit in the last place.
-inline void sin_cos(Pair a, Pair& s, Pair& c) {
+// sin and cos of two (or four) angles in [0, pi/2] at once.  The libm
+// call, one angle at a time, cost a quarter of a real transform whose last
+// pass has a large span.  An angle above pi/4 is reflected, sin a =
+// cos(pi/2 - a), where pi/2 - a is exact by Sterbenz's lemma before the
+// tail of pi/2 is added; on [0, pi/4] the Taylor series through degree 17
+// (sine) and 16 (cosine) leave a truncation below 1e-19, so the result is
+// within about one unit in the last place.  Each series is a polynomial of
+// degree 7 in z = r*r, summed by Estrin's scheme: four pairs, then two,
+// then one, a chain of three products and sums where Horner's rule had
+// seven.  A short transform waits on that chain (a seventh of the real
+// transform of 64); the sums are of terms falling by at least 25 times
+// each, so their rounding stays far below the final r + r*z*p.
+template <class V>
+[[gnu::always_inline]] inline V estrin7(V z, V z2, V z4, const double (&a)[8]) {
+  const V p01 = a[0] + a[1] * z, p23 = a[2] + a[3] * z;
+  const V p45 = a[4] + a[5] * z, p67 = a[6] + a[7] * z;
+  return (p01 + z2 * p23) + z4 * (p45 + z2 * p67);
+}
+
+template <class V>
+[[gnu::always_inline]] inline void sin_cos(V a, V& s, V& c) {
   constexpr double pio2_hi = 1.5707963267948966, pio2_lo = 6.123233995736766e-17;
+  // z^i: (-1)^(i+1) / (2i+3)! in the sine, / (2i+2)! in the cosine.
+  constexpr double sine[8] = {
+      -inverse_factorial(3),  inverse_factorial(5),  -inverse_factorial(7),  inverse_factorial(9),
+      -inverse_factorial(11), inverse_factorial(13), -inverse_factorial(15), inverse_factorial(17)};
+  constexpr double cosine[8] = {
+      -inverse_factorial(2),  inverse_factorial(4),  -inverse_factorial(6),  inverse_factorial(8),
+      -inverse_factorial(10), inverse_factorial(12), -inverse_factorial(14), inverse_factorial(16)};
   const auto reflect = a > 0.7853981633974483;
-  const Pair r = reflect ? (pio2_hi - a) + pio2_lo : a;
-  const Pair z = r * r;
-  Pair ps = z * inverse_factorial(17) - inverse_factorial(15);
-  Pair pc = z * inverse_factorial(16) - inverse_factorial(14);
-  for (int j = 6; j >= 1; --j) {
-    const double sign = j % 2 ? -1.0 : 1.0;
-    ps = z * ps + sign * inverse_factorial(2 * j + 1);
-    pc = z * pc + sign * inverse_factorial(2 * j);
-  }
-  const Pair sr = r + r * z * ps, cr = 1.0 + z * pc;
+  const V r = reflect ? (pio2_hi - a) + pio2_lo : a;
+  const V z = r * r, z2 = z * z, z4 = z2 * z2;
+  const V sr = r + r * z * estrin7(z, z2, z4, sine), cr = 1.0 + z * estrin7(z, z2, z4, cosine);
   s = reflect ? cr : sr;
   c = reflect ? sr : cr;
 }
@@ -96,11 +109,21 @@ template <int F, class V>
   powers<F>(c, s, wr, wi);
 }
 
-// cos and sin of the angles of indices k and k+1, k*2*pi/fm.
-[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, Pair& s, Pair& c) {
-  const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k + 1)} * kTwoPi / static_cast<double>(fm);
-  sin_cos(angle, s, c);
+// cos and sin of the angles of indices k, k+1 (, k+2, k+3), k*2*pi/fm.
+template <class V = Pair>
+[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, V& s, V& c) {
+  V index;
+  for (unsigned j = 0; j < sizeof(V) / sizeof(double); ++j) index[j] = static_cast<double>(k + j);
+  sin_cos(index * kTwoPi / static_cast<double>(fm), s, c);
 }
+
+// The widest vector of the file's instruction set, for the angles.
+#ifdef __AVX2__
+using Widest = Quad;
+#else
+using Widest = Pair;
+#endif
+inline constexpr Integer kAngleLanes = sizeof(Widest) / sizeof(double);
 
 // Twiddles of up to kChunk consecutive indices k (with, in the complex
 // pass, their partners m-k) are computed at the start of a sweep over the
@@ -147,8 +170,8 @@ struct Chunk {
   explicit Chunk(Integer m) : whole(m > 1 && m / 2 + 1 <= kChunk) {
     const Integer offsets = std::min<Integer>(kChunk, m / 2 + 1);
     // m = 1 has the index 0 alone, whose twiddle is never read.
-    for (Integer j = 0; j < offsets && m > 1; j += 2) {
-      Pair s, c;
+    for (Integer j = 0; j < offsets && m > 1; j += kAngleLanes) {
+      Widest s, c;
       angle_sin_cos(j, F * m, s, c);
       store(oc + j, c);
       store(os + j, s);
@@ -251,6 +274,15 @@ struct Divisor {
     return by_reciprocal ? v * r : v / d;
   }
 };
+
+// v with its last lane replaced by -0 (see the real pass's middle index).
+template <class T>
+[[gnu::always_inline]] inline T zero_last(T v) {
+  if constexpr (std::is_same_v<T, Quad>)
+    return __builtin_shufflevector(v, splat<T>(-0.0), 0, 1, 2, 7);
+  else
+    return __builtin_shufflevector(v, splat<T>(-0.0), 0, 3);
+}
 
 // v with its lane 0 taken from first.
 template <class T>
@@ -483,14 +515,19 @@ struct Unscaled {
 // offsets fixed at compile time: the general pass, with the span and the
 // lane gap known only at run time, spent more instructions on addresses
 // than on the transform.
-template <class D, class S>
-void real_first_pass(const D& dft, Integer n, double* x, S sc) {
+//
+// With a gather, the groups' inputs come from the data in their original
+// order (see Gather), and the reordering is never done in place.
+template <class D, class S, class Group>
+[[gnu::always_inline]] inline void real_first_groups(const D& dft, Integer n, double* x, S sc,
+                                                     Group group) {
   constexpr int F = D::f;
   Integer g = 0;
   for (; g + 2 * F <= n; g += 2 * F) {
+    const auto a = group(g), b = group(g + F);
     double* p = x + g;
     Pair v[F];
-    for (int l = 0; l < F; ++l) v[l] = Pair{p[D::place(l)], p[F + D::place(l)]};
+    for (int l = 0; l < F; ++l) v[l] = Pair{a(l), b(l)};
     dft.real(v);
     for (int q = 0; q < F; ++q) {
       const Pair w = sc(v[q]);
@@ -499,11 +536,30 @@ void real_first_pass(const D& dft, Integer n, double* x, S sc) {
     }
   }
   if (g < n) {
+    const auto a = group(g);
     double v[F];
-    for (int l = 0; l < F; ++l) v[l] = x[g + D::place(l)];
+    for (int l = 0; l < F; ++l) v[l] = a(l);
     dft.real(v);
     for (int q = 0; q < F; ++q) x[g + q] = sc(v[q]);
   }
+}
+
+template <class D, class S>
+void real_first_pass(const D& dft, Integer n, double* x, S sc, const Gather* gather) {
+  constexpr int F = D::f;
+  if (!gather) {
+    // In place: input l of the group at g is x[g + place(l)], an offset
+    // fixed at compile time.
+    return real_first_groups(dft, n, x, sc, [x](Integer g) __attribute__((always_inline)) {
+      return [p = x + g](int l) __attribute__((always_inline)) { return p[D::place(l)]; };
+    });
+  }
+  Integer off[F];
+  for (int l = 0; l < F; ++l) off[l] = gather->off[D::place(l)];
+  const Integer* base = gather->base;  // the groups come in order
+  real_first_groups(dft, n, x, sc, [&](Integer) __attribute__((always_inline)) {
+    return [p = gather->from + *base++, &off](int l) __attribute__((always_inline)) { return p[off[l]]; };
+  });
 }
 
 // The cosines and sines of the angles of the chunks' first indices first,
@@ -566,9 +622,10 @@ template <class W, int F>
 // spans, where those butterflies are most of the work; each lane still does
 // the scalar arithmetic, so the results are the same either way.
 template <class W, class D, class S>
-[[gnu::always_inline]] inline void real_pass_body(const D& dft, Integer n, Integer m, double* x, S sc) {
+[[gnu::always_inline]] inline void real_pass_body(const D& dft, Integer n, Integer m, double* x, S sc,
+                                                  const Gather* gather) {
   constexpr int F = D::f;
-  if (m == 1) return real_first_pass(dft, n, x, sc);
+  if (m == 1) return real_first_pass(dft, n, x, sc, gather);
   const Integer fm = F * m;
   Chunk<F> c(m);
 
@@ -588,9 +645,28 @@ template <class W, class D, class S>
   // one group (gap 1; a Quad k to k+3), or index k of the groups g and
   // g+f*m (gap f*m), which then share its twiddles; the partner elements
   // m-k fall as k rises only in the first case.
-  auto inner_index = [&](auto lanes, Integer g, Integer k, Integer i, Integer gap = 1)
-                         __attribute__((always_inline)) {
+  //
+  // With_middle: the last lane of a gap-1 vector is k = m/2, the middle
+  // index, whose inputs are real.  Its imaginary parts, which would be read
+  // from the element itself, are taken as -0 instead: a twiddle's sine part
+  // is negative there, so a*c - (-0)*s is exactly a*c, the middle's own
+  // product.  Its outputs q and f-1-q share slots; the stores below write
+  // the upper half first, and in the one slot of q = (f-1)/2 (f odd) the
+  // real part last, so the lower half's values, the middle's, stay.  Other
+  // lanes' slots are all distinct, so the order costs them nothing.  The
+  // indices below the middle then fill whole vectors where they left one
+  // index and the middle to a butterfly each (at m = 8, two butterflies of
+  // radix 8 in place of four).
+  auto inner_index = [&]<class WithMiddle = std::false_type>(
+                         auto lanes, Integer g, Integer k, Integer i, Integer gap = 1,
+                         WithMiddle = {}) __attribute__((always_inline)) {
     using T = decltype(lanes);
+    auto real_last = [](T v) __attribute__((always_inline)) {
+      if constexpr (WithMiddle::value)
+        return zero_last(v);
+      else
+        return v;
+    };
     auto down = [gap](const double* p) __attribute__((always_inline)) {
       return gap == 1 ? load_down<T>(p) : load<T>(p, gap);
     };
@@ -605,24 +681,24 @@ template <class W, class D, class S>
     };
     T zr[F], zi[F];
     zr[0] = load<T>(x + g + k, gap);
-    zi[0] = down(x + g + m - k);
+    zi[0] = real_last(down(x + g + m - k));
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
-      const T a = load<T>(x + b + k, gap), d = down(x + b + m - k);
+      const T a = load<T>(x + b + k, gap), d = real_last(down(x + b + m - k));
       const T cr = twiddle(&c.wr[l][i]), ci = twiddle(&c.wi[l][i]);
       zr[l] = a * cr - d * ci;
       zi[l] = a * ci + d * cr;
     }
     dft(zr, zi);
-    for (int q = 0; q < F; ++q) {
+    for (int q = (F + 1) / 2; q < F; ++q) {
       const Integer kk = k + q * m;
-      if (2 * q < F) {
-        store(x + g + kk, gap, sc(zr[q]));
-        put_down(x + g + fm - kk, sc(zi[q]));
-      } else {
-        put_down(x + g + fm - kk, sc(zr[q]));
-        store(x + g + kk, gap, sc(-zi[q]));
-      }
+      put_down(x + g + fm - kk, sc(zr[q]));
+      store(x + g + kk, gap, sc(-zi[q]));
+    }
+    for (int q = 0; 2 * q < F; ++q) {
+      const Integer kk = k + q * m;
+      put_down(x + g + fm - kk, sc(zi[q]));
+      store(x + g + kk, gap, sc(zr[q]));
     }
   };
 
@@ -653,30 +729,43 @@ template <class W, class D, class S>
     // A single chunk (first = 0) needs no base.
     if (b == 0 && (first > 0 || chunks_left > 1)) chunk_bases(first, F * m, std::min(kBases, chunks_left), base);
     fill_real<W>(c, first, m, base + 2 * b);
-    const bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
+    bool middle = m % 2 == 0 && c.end == m / 2 + 1;  // k = m/2 falls in this chunk
     const Integer k0 = std::max<Integer>(first, 1);
-    const Integer pairs_end = k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
+    // Three indices over a multiple of four below the middle: the middle
+    // joins the last of them (see inner_index), which the four-lane copy
+    // then does in one vector, and no index is left over.  With one over,
+    // joining would turn the middle, whose inputs are real and which runs
+    // two groups at once, into a full butterfly per group (the passes with
+    // m = 12 and 20 of 720 and 1000, 5% slower).  Both copies decide alike,
+    // so they give the same bits.
+    const bool joined = middle && (m / 2 - k0) % 4 == 3;
+    middle = middle && !joined;
+    const Integer pairs_end = joined ? m / 2 : k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
     // The index pairs of group g; the odd index left over and the middle
-    // one run once for two groups, side by side, as in the complex pass: at
-    // small spans (m = 2 to 8) they are most of a group.
+    // one, unless joined, run once for two groups, side by side, as in the
+    // complex pass: at small spans (m = 2 to 8) they are most of a group.
     auto pairs = [&](Integer g) __attribute__((always_inline)) {
       Integer k = k0;
-      if constexpr (sizeof(W) > sizeof(Pair))
+      if constexpr (sizeof(W) > sizeof(Pair)) {
         for (; k + 4 <= pairs_end; k += 4) inner_index(W{}, g, k, k - first);
-      for (; k < pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
+        if (joined && k + 3 == pairs_end) return inner_index(W{}, g, k, k - first, 1, std::true_type{});
+      }
+      for (; k + 2 <= pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
+      if (joined) inner_index(Pair{}, g, k, k - first, 1, std::true_type{});
     };
+    const bool left_over = !joined && pairs_end < c.pair_end;
     Integer g = 0;
     for (; g + fm < n; g += 2 * fm) {
       if (first == 0) first_index(Pair{}, g);
       pairs(g);
       pairs(g + fm);
-      if (pairs_end < c.pair_end) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
+      if (left_over) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
       if (middle) middle_index(Pair{}, g, m / 2, m / 2 - first);
     }
     for (; g < n; g += fm) {
       if (first == 0) first_index(0.0, g);
       pairs(g);
-      if (pairs_end < c.pair_end) inner_index(0.0, g, pairs_end, pairs_end - first);
+      if (left_over) inner_index(0.0, g, pairs_end, pairs_end - first);
       if (middle) middle_index(0.0, g, m / 2, m / 2 - first);
     }
   }
@@ -703,19 +792,20 @@ void with_radix(Integer f, Fn&& fn) {
 // One real pass of one radix and one scaling, kept out of line (see
 // complex_pass_of).
 template <class W, class D, class S>
-[[gnu::noinline]] void real_pass_of(const D& dft, Integer n, Integer m, double* x, S sc) {
-  real_pass_body<W>(dft, n, m, x, sc);
+[[gnu::noinline]] void real_pass_of(const D& dft, Integer n, Integer m, double* x, S sc,
+                                    const Gather* gather) {
+  real_pass_body<W>(dft, n, m, x, sc, gather);
 }
 
 // The passes of a real transform whose input is in reversed digit order,
-// the last dividing by d.
+// or is read so by the first pass through gather, the last dividing by d.
 template <class W>
-void real_passes(Integer n, const Integer* stage, double* x, double d) {
+void real_passes(Integer n, const Integer* stage, double* x, double d, const Gather* gather) {
   Integer m = 1;
   for (const Integer* f = stage; *f != 0; ++f) {
     const bool last = m * *f == n;
     with_radix(*f, [&](const auto& dft) {
-      auto pass = [&](auto sc) { real_pass_of<W>(dft, n, m, x, sc); };
+      auto pass = [&](auto sc) { real_pass_of<W>(dft, n, m, x, sc, gather); };
       if (last)
         pass(Divisor(d));
       else
@@ -771,8 +861,8 @@ void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y
 }  // namespace
 
 // The two copies of the passes (passes.cpp, passes_four.cpp).
-void real_passes_two(Integer n, const Integer* stage, double* x, double d);
-void real_passes_four(Integer n, const Integer* stage, double* x, double d);
+void real_passes_two(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
+void real_passes_four(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
 void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor);
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor);
 

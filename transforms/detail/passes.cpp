@@ -7,8 +7,45 @@
 
 namespace zil::fft {
 
-void real_passes_two(Integer n, const Integer* stage, double* x, double d) {
-  real_passes<Pair>(n, stage, x, d);
+void real_passes_two(Integer n, const Integer* stage, double* x, double d, const Gather* gather) {
+  real_passes<Pair>(n, stage, x, d, gather);
+}
+
+namespace {
+
+// t[j] = the sum of weight[i] times digit i of j, for j below the product
+// of the radices.  Each digit, least significant first, repeats the table
+// built so far once for each of its nonzero values, moved by that value's
+// weight.  Vectorised, the loop read back entries just stored in pieces of
+// another width, and each such read waited for the store to drain.
+[[gnu::optimize("no-tree-vectorize")]] void digit_table(Integer* t, const Integer* radix,
+                                                      const Integer* weight, int digits) {
+  Integer length = 1;
+  t[0] = 0;
+  for (int i = 0; i < digits; length *= radix[i], ++i)
+    for (Integer d = 1, shift = weight[i]; d < radix[i]; ++d, shift += weight[i])
+      for (Integer a = 0; a < length; ++a) t[d * length + a] = t[a] + shift;
+}
+
+}  // namespace
+
+// Digit i of an index of the reordered array (radix s_i, the stage list
+// with each merged radix spelt out as 2s, digit 0 least significant) is
+// digit i of the original index read from the most significant end: its
+// weight there is n / (s_0 * ... * s_i).  The first pass takes the digits
+// of its radix, the group index the rest.  Both are tabled ahead, so that
+// the first pass finds each group's start with one load.
+Gather::Gather(const Integer* stage, const double* data) : from(data) {
+  Integer radix[kListSize], weight[kListSize];
+  int digits = 0, first_pass = -1;
+  for (; stage[digits] != 0; ++digits) {
+    const Integer f = stage[digits];
+    radix[digits] = f == 1 || f == 4 || f == 8 ? 2 : f;
+    if (first_pass < 0 && f != 1) first_pass = digits;
+  }
+  for (Integer w = 1, i = digits; i-- > 0; w *= radix[i]) weight[i] = w;
+  digit_table(off, radix, weight, first_pass + 1);
+  digit_table(base, radix + first_pass + 1, weight + first_pass + 1, digits - first_pass - 1);
 }
 
 void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor) {
@@ -355,12 +392,25 @@ void reorder(Integer n, const Factors& fac, Data data) {
 
 }  // namespace
 
+// Up to kGatherMost, a real transform reads its data through a copy on
+// the stack (16 KiB) in place of reordering them: the copy is a sweep of
+// whole vectors, where the reordering was one scalar swap per element, a
+// sixth of the transform of 64 or 1024 and a fifth of 1000.
 void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes lanes) {
-  reorder(n, fac, OneArray{x});
-  if (four_lanes(lanes))
-    real_passes_four(n, fac.stage, x, d);
-  else
-    real_passes_two(n, fac.stage, x, d);
+  auto passes = [&](const Gather* gather) {
+    if (four_lanes(lanes))
+      real_passes_four(n, fac.stage, x, d, gather);
+    else
+      real_passes_two(n, fac.stage, x, d, gather);
+  };
+  if (n > kGatherMost) {
+    reorder(n, fac, OneArray{x});
+    return passes(nullptr);
+  }
+  double copy[kGatherMost];
+  std::copy_n(x, n, copy);
+  const Gather gather(fac.stage, copy);
+  passes(&gather);
 }
 
 void hermitian_transform(Integer n, const Factors& fac, double* x) {

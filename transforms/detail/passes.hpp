@@ -17,6 +17,22 @@ void hermitian_transform(Integer n, const Factors& fac, double* x);
 // processor offers.  Both widths give the same bits.
 enum class Lanes { two, four, best };
 
+// Where the first pass of a real transform finds its inputs when the data
+// are read in their original order rather than reordered in place: the
+// reordering is a digit reversal, linear in the digits, so input j of the
+// group with index G (f consecutive elements of the reordered array) is
+// from[base[G] + off[j]].
+inline constexpr Integer kGatherMost = 2048;
+
+struct Gather {
+  const double* from;
+  Integer off[kLargestPrime];
+  Integer base[kGatherMost / 2];
+  // The reversal of the stage list of n <= kGatherMost (a merged radix
+  // standing for its 2s), over the data in from.
+  Gather(const Integer* stage, const double* data);
+};
+
 // Real to Hermitian, divided by d: reorder, then decimation-in-time passes
 // with the span rising from 1, the last of which divides each value by d
 // as it stores it.

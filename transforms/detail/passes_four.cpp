@@ -5,8 +5,8 @@
 
 namespace zil::fft {
 
-void real_passes_four(Integer n, const Integer* stage, double* x, double d) {
-  real_passes<Quad>(n, stage, x, d);
+void real_passes_four(Integer n, const Integer* stage, double* x, double d, const Gather* gather) {
+  real_passes<Quad>(n, stage, x, d, gather);
 }
 
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor) {
