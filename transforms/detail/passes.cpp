@@ -16,13 +16,9 @@ namespace {
 // t[j] = the sum of weight[i] times digit i of j, for j below the product
 // of the radices.  Each digit, least significant first, extends the table
 // built so far to radix times its length, each entry being the one a
-// length before it moved by the digit's weight: one loop per digit, whose
-// exits a short table can afford, where a loop per digit value cost a
-// mispredicted exit each.  Vectorised, the loop read back entries just
-// stored in pieces of another width, and each such read waited for the
-// store to drain.
-[[gnu::optimize("no-tree-vectorize")]] void digit_table(Integer* t, const Integer* radix,
-                                                      const Integer* weight, int digits) {
+// length before it moved by the digit's weight: one loop per digit, where
+// a loop per digit value cost a mispredicted exit each.
+void digit_table(Integer* t, const Integer* radix, const Integer* weight, int digits) {
   Integer length = 1;
   t[0] = 0;
   for (int i = 0; i < digits; ++i) {
