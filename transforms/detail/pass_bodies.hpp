@@ -51,7 +51,7 @@ constexpr double inverse_factorial(int j) {
 // degree 7 in z = r*r, summed by Estrin's scheme: four pairs, then two,
 // then one, a chain of three products and sums where Horner's rule had
 // seven.  A short transform waits on that chain (a seventh of the real
-// transform of 64); the sums are of terms falling by at least 25 times
+// transform of 64); the sums are of terms falling by at least 19 times
 // each, so their rounding stays far below the final r + r*z*p.
 template <class V>
 [[gnu::always_inline]] inline V estrin7(V z, V z2, V z4, const double (&a)[8]) {
@@ -658,7 +658,8 @@ template <class W, class D, class S>
   // index, whose inputs are real.  Its imaginary parts, which would be read
   // from the element itself, are taken as -0 instead: a twiddle's sine part
   // is negative there, so a*c - (-0)*s is exactly a*c, the middle's own
-  // product.  Its outputs q and f-1-q share slots; the stores below write
+  // product, and a*s + (-0)*c is a*s but for the sign of a zero.  Its
+  // outputs q and f-1-q share slots; the stores below write
   // the upper half first, and in the one slot of q = (f-1)/2 (f odd) the
   // real part last, so the lower half's values, the middle's, stay.  Other
   // lanes' slots are all distinct, so the order costs them nothing.  The
@@ -743,9 +744,9 @@ template <class W, class D, class S>
     // joins the last of them (see inner_index), which the four-lane copy
     // then does in one vector, and no index is left over.  With one over,
     // joining would turn the middle, whose inputs are real and which runs
-    // two groups at once, into a full butterfly per group (the passes with
-    // m = 12 and 20 of 720 and 1000, 5% slower).  Both copies decide alike,
-    // so they give the same bits.
+    // two groups at once, into a full butterfly per group (720 and 1000,
+    // whose passes with m = 12 and 20 have one over, were 5% slower so).
+    // Both copies decide alike, so they give the same bits.
     const bool joined = middle && (m / 2 - k0) % 4 == 3;
     middle = middle && !joined;
     const Integer pairs_end = joined ? m / 2 : k0 + (c.pair_end - k0) / 2 * 2;  // k0 <= pair_end
