@@ -764,12 +764,18 @@ template <class W, class D, class S>
     };
     const bool left_over = !joined && pairs_end < c.pair_end;
     Integer g = 0;
-    for (; g + fm < n; g += 2 * fm) {
-      if (first == 0) first_index(Pair{}, g);
-      pairs(g);
-      pairs(g + fm);
-      if (left_over) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
-      if (middle) middle_index(Pair{}, g, m / 2, m / 2 - first);
+    // The last pass, the one that divides, has a single group (f*m = n), so
+    // its loop over two groups at once never runs.  Left in, that loop's
+    // invariants were made ahead of every chunk all the same: three hundred
+    // instructions, a tenth of the transform of 64.
+    if constexpr (!std::is_same_v<S, Divisor>) {
+      for (; g + fm < n; g += 2 * fm) {
+        if (first == 0) first_index(Pair{}, g);
+        pairs(g);
+        pairs(g + fm);
+        if (left_over) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
+        if (middle) middle_index(Pair{}, g, m / 2, m / 2 - first);
+      }
     }
     for (; g < n; g += fm) {
       if (first == 0) first_index(0.0, g);
