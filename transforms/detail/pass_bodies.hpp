@@ -109,11 +109,14 @@ template <int F, class V>
   powers<F>(c, s, wr, wi);
 }
 
-// cos and sin of the angles of indices k, k+1 (, k+2, k+3), k*2*pi/fm.
+// cos and sin of the angles of indices k, k+step (, k+2*step, k+3*step),
+// k*2*pi/fm.
 template <class V = Pair>
-[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, V& s, V& c) {
+[[gnu::always_inline]] inline void angle_sin_cos(Integer k, Integer fm, V& s, V& c,
+                                                 Integer step = 1) {
   V index;
-  for (unsigned j = 0; j < sizeof(V) / sizeof(double); ++j) index[j] = static_cast<double>(k + j);
+  for (unsigned j = 0; j < sizeof(V) / sizeof(double); ++j)
+    index[j] = static_cast<double>(k + static_cast<Integer>(j) * step);
   sin_cos(index * kTwoPi / static_cast<double>(fm), s, c);
 }
 
@@ -575,17 +578,13 @@ void real_first_pass(const D& dft, Integer n, double* x, S sc, const Gather* gat
 // one loop of independent evaluations ahead of the chunks, they overlap
 // one another; made one per chunk, each series was a chain of dependent
 // products that the butterflies after it waited on, which was two fifths
-// of a last pass with a long span (radix 2 at 1024).  The angle is formed
-// as in angle_sin_cos, so the values are the same.
+// of a last pass with a long span (radix 2 at 1024).
 inline constexpr Integer kBases = 32;
 
 [[gnu::always_inline]] inline void chunk_bases(Integer first, Integer fm, Integer count, double* base) {
   for (Integer j = 0; j < count; j += 2) {
-    const Integer k = first + j * kChunk;
-    const Pair angle = Pair{static_cast<double>(k), static_cast<double>(k + kChunk)} * kTwoPi /
-                       static_cast<double>(fm);
     Pair s, c;
-    sin_cos(angle, s, c);
+    angle_sin_cos(first + j * kChunk, fm, s, c, kChunk);
     base[2 * j] = c[0];
     base[2 * j + 1] = s[0];
     base[2 * j + 2] = c[1];

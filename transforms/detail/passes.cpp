@@ -13,17 +13,20 @@ void real_passes_two(Integer n, const Integer* stage, double* x, double d, const
 
 namespace {
 
-// t[j] = the sum of weight[i] times digit i of j, for j below the product
-// of the radices.  Each digit, least significant first, extends the table
-// built so far to radix times its length, each entry being the one a
-// length before it moved by the digit's weight: one loop per digit, where
-// a loop per digit value cost a mispredicted exit each.
-void digit_table(Integer* t, const Integer* radix, const Integer* weight, int digits) {
-  Integer length = 1;
+// t[j] = the sum of weight[i] times digit i of j (radix[i], digit 0 least
+// significant), for j below the product of the radices: the index maps of
+// the reorderings and of the gather.  Each digit extends the table built
+// so far to radix times its length, each entry being the one a length
+// before it moved by the digit's weight: loops of fixed length, where an
+// odometer's carries were branches no predictor could follow, and one loop
+// per digit, where a loop per digit value cost a mispredicted exit each.
+template <class T, class R>
+void digit_table(T* t, const R* radix, const T* weight, int digits) {
+  T length = 1;
   t[0] = 0;
   for (int i = 0; i < digits; ++i) {
-    const Integer end = length * radix[i], w = weight[i];
-    for (Integer j = length; j < end; ++j) t[j] = t[j - length] + w;
+    const T end = length * static_cast<T>(radix[i]), w = weight[i];
+    for (T j = length; j < end; ++j) t[j] = t[j - length] + w;
     length = end;
   }
 }
@@ -148,17 +151,15 @@ void reorder_squares(const Integer* digit, Data data) {
   }
   // ra[a]: the leading digits of a (first most significant) read with the
   // first least significant; rb is its inverse, the map of the trailing part.
+  // Listed from the least significant, digit j of a is digit[t-1-j], whose
+  // weight in ra(a) is the product of the digits before it.
   long ra[std::max(kTile, long{kLargestPrime})], rb[std::max(kTile, long{kLargestPrime})];
-  // ra is built from the most significant digit down, each digit
-  // multiplying its length by its radix (the weight w of digit i in ra(a)
-  // being the product of the digits before it): loops of fixed length, where
-  // an odometer's carries were branches no predictor could follow.
-  ra[0] = 0;
-  for (long i = 0, length = 1, w = 1; i < t; w *= digit[i], length *= digit[i], ++i)
-    for (long a = length; a-- > 0;) {
-      const long high = ra[a];
-      for (long d = 0; d < digit[i]; ++d) ra[a * digit[i] + d] = high + d * w;
-    }
+  long ra_radix[kListSize], ra_weight[kListSize];
+  for (long i = 0, w = 1; i < t; w *= digit[i], ++i) {
+    ra_radix[t - 1 - i] = digit[i];
+    ra_weight[t - 1 - i] = w;
+  }
+  digit_table(ra, ra_radix, ra_weight, t);
   for (long a = 0; a < tile; ++a) rb[ra[a]] = a;
   // The middle digits, t to len-t-1, counted by an odometer with rev(mid)
   // kept alongside; weight[i] is the weight of digit i in rev(mid).
@@ -266,20 +267,9 @@ void reorder_square_free(long n, const Integer* sf, long kt, Data& data) {
     int j = i;
     while (j < len && size * static_cast<std::uint32_t>(sf[j]) <= kRun)
       size *= static_cast<std::uint32_t>(sf[j++]);
-    // The run's table, built from its most significant digit down: each
-    // digit multiplies the table's length by its radix.
     part[r] = table + used;
     run[r].set(size);
-    std::uint32_t length = 1;
-    part[r][0] = 0;
-    for (int q = j - 1; q >= i; --q) {
-      const std::uint32_t s_q = static_cast<std::uint32_t>(sf[q]);
-      for (std::uint32_t a = length; a-- > 0;) {
-        const std::uint32_t high = part[r][a];
-        for (std::uint32_t d = 0; d < s_q; ++d) part[r][a * s_q + d] = high + d * above[q];
-      }
-      length *= s_q;
-    }
+    digit_table(part[r], sf + i, above + i, j - i);
     used += size;
     i = j;
   }
