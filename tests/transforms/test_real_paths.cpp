@@ -44,6 +44,35 @@ TEST(FftRealPaths, WideAndNarrowCopiesAgreeBitForBit) {
   }
 }
 
+// The powers of two up to 64 run copies of the passes compiled for their
+// length: both widths of them must give the bits of the general passes,
+// and any other length must be left to those.
+TEST(FftRealPaths, ShortLengthCopiesAgreeWithTheGeneralPasses) {
+  using zil::fft::Lanes;
+  auto same = [](const std::vector<double>& a, const std::vector<double>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), [](double u, double v) {
+      return std::bit_cast<std::uint64_t>(u) == std::bit_cast<std::uint64_t>(v);
+    });
+  };
+  for (Integer n = 2; n <= 64; n *= 2) {
+    zil::fft::Factors fac;
+    ASSERT_EQ(zil::fft::factorise(n, fac), zil::fft::FactorStatus::ok);
+    const double d = std::sqrt(static_cast<double>(n));
+    auto general = fftt::data(n, static_cast<std::uint64_t>(n) + 5), wide = general, narrow = general;
+    zil::fft::real_transform(n, fac, general.data(), d, Lanes::two);
+    ASSERT_TRUE(zil::fft::real_transform_short(n, wide.data(), d, Lanes::best)) << n;
+    ASSERT_TRUE(zil::fft::real_transform_short(n, narrow.data(), d, Lanes::two)) << n;
+    EXPECT_TRUE(same(general, wide)) << "n = " << n;
+    EXPECT_TRUE(same(general, narrow)) << "n = " << n;
+  }
+  for (Integer n : {3, 12, 48, 128}) {
+    const auto x = fftt::data(n, 9);
+    auto y = x;
+    EXPECT_FALSE(zil::fft::real_transform_short(n, y.data(), 1.0)) << n;
+    EXPECT_TRUE(same(x, y)) << n;
+  }
+}
+
 // Each radix's real-input butterfly against the defining sum in long
 // double, on both lanes of a pair (two different inputs): the result in the
 // Hermitian layout of length f, within a few units of rounding of the

@@ -15,6 +15,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -829,6 +830,69 @@ void real_passes(Integer n, const Integer* stage, double* x, double d, const Gat
   }
 }
 
+// ---- Short real lengths ----------------------------------------------------
+// The powers of two up to kFixedMost run a copy of the real passes compiled
+// for their length: the stage list, the gather's tables, every span and
+// every loop bound are then constants, and each pass is laid out straight.
+// With all of them known only at run time, the general passes spent more
+// on addresses, dispatch and tables than on the transform at 64 (about
+// half of its 3000 instructions).  The arithmetic is the general passes',
+// so the results are the same to the bit.
+inline constexpr Integer kFixedMost = 64;
+
+template <Integer F>
+constexpr auto power_of_two_radix() {
+  if constexpr (F == 2)
+    return Dft2{};
+  else if constexpr (F == 4)
+    return Dft4{};
+  else
+    return Dft8{};
+}
+
+template <class W, Integer N>
+void real_passes_fixed(double* x, double d) {
+  static constexpr Factors fac = [] {
+    Factors f{};
+    factorise(N, f);
+    return f;
+  }();
+  static constexpr GatherTables<N> tables(fac.stage);
+  constexpr auto spans = [] {  // spans[i]: the span of stage i, spans[len]: 0
+    std::array<Integer, kListSize + 1> m{};
+    Integer span = 1;
+    for (int i = 0; fac.stage[i] != 0; ++i) {
+      m[i] = span;
+      span *= fac.stage[i];
+    }
+    return m;
+  }();
+  double copy[N];
+  std::copy_n(x, N, copy);
+  const Gather gather = tables.over(copy);
+  auto stage = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) __attribute__((always_inline)) {
+    constexpr Integer f = fac.stage[I], m = spans[I];
+    if constexpr (f != 1) {
+      if constexpr (f * m == N)
+        real_pass_body<W>(power_of_two_radix<f>(), N, m, x, Divisor(d), &gather);
+      else
+        real_pass_body<W>(power_of_two_radix<f>(), N, m, x, Unscaled{}, &gather);
+    }
+  };
+  constexpr std::size_t len = std::find(fac.stage, fac.stage + kListSize, 0) - fac.stage;
+  [&]<std::size_t... I>(std::index_sequence<I...>) {
+    (stage(std::integral_constant<std::size_t, I>{}), ...);
+  }(std::make_index_sequence<len>{});
+}
+
+// Runs the real passes of n with their copy compiled for n, if it has one.
+template <class W>
+bool real_passes_short(Integer n, double* x, double d) {
+  return [&]<Integer... N>(std::integer_sequence<Integer, N...>) {
+    return ((n == N && (real_passes_fixed<W, N>(x, d), true)) || ...);
+  }(std::integer_sequence<Integer, 2, 4, 8, 16, 32, kFixedMost>{});
+}
+
 // Group lengths (elements of each array) below which the remaining complex
 // passes run block by block: a block of x and y that fits the second-level
 // cache (2 MiB here).  Each pass is a sweep over the whole array; once a
@@ -879,5 +943,7 @@ void real_passes_two(Integer n, const Integer* stage, double* x, double d, const
 void real_passes_four(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
 void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor);
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor);
+bool real_passes_short_two(Integer n, double* x, double d);
+bool real_passes_short_four(Integer n, double* x, double d);
 
 }  // namespace zil::fft

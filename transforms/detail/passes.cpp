@@ -11,45 +11,8 @@ void real_passes_two(Integer n, const Integer* stage, double* x, double d, const
   real_passes<Pair>(n, stage, x, d, gather);
 }
 
-namespace {
-
-// t[j] = the sum of weight[i] times digit i of j (radix[i], digit 0 least
-// significant), for j below the product of the radices: the index maps of
-// the reorderings and of the gather.  Each digit extends the table built
-// so far to radix times its length, each entry being the one a length
-// before it moved by the digit's weight: loops of fixed length, where an
-// odometer's carries were branches no predictor could follow, and one loop
-// per digit, where a loop per digit value cost a mispredicted exit each.
-template <class T, class R>
-void digit_table(T* t, const R* radix, const T* weight, int digits) {
-  T length = 1;
-  t[0] = 0;
-  for (int i = 0; i < digits; ++i) {
-    const T end = length * static_cast<T>(radix[i]), w = weight[i];
-    for (T j = length; j < end; ++j) t[j] = t[j - length] + w;
-    length = end;
-  }
-}
-
-}  // namespace
-
-// Digit i of an index of the reordered array (radix s_i, the stage list
-// with each merged radix spelt out as 2s, digit 0 least significant) is
-// digit i of the original index read from the most significant end: its
-// weight there is n / (s_0 * ... * s_i).  The first pass takes the digits
-// of its radix, the group index the rest.  Both are tabled ahead, so that
-// the first pass finds each group's start with one load.
-Gather::Gather(const Integer* stage, const double* data) : from(data) {
-  Integer radix[kListSize], weight[kListSize];
-  int digits = 0, first_pass = -1;
-  for (; stage[digits] != 0; ++digits) {
-    const Integer f = stage[digits];
-    radix[digits] = f == 1 || f == 4 || f == 8 ? 2 : f;
-    if (first_pass < 0 && f != 1) first_pass = digits;
-  }
-  for (Integer w = 1, i = digits; i-- > 0; w *= radix[i]) weight[i] = w;
-  digit_table(off, radix, weight, first_pass + 1);
-  digit_table(base, radix + first_pass + 1, weight + first_pass + 1, digits - first_pass - 1);
+bool real_passes_short_two(Integer n, double* x, double d) {
+  return real_passes_short<Pair>(n, x, d);
 }
 
 void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor) {
@@ -387,6 +350,10 @@ void reorder(Integer n, const Factors& fac, Data data) {
 // the stack (16 KiB) in place of reordering them: the copy is a sweep of
 // whole vectors, where the reordering was one scalar swap per element, a
 // sixth of the transform of 64 or 1024 and a fifth of 1000.
+bool real_transform_short(Integer n, double* x, double d, Lanes lanes) {
+  return four_lanes(lanes) ? real_passes_short_four(n, x, d) : real_passes_short_two(n, x, d);
+}
+
 void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes lanes) {
   auto passes = [&](const Gather* gather) {
     if (four_lanes(lanes))
@@ -400,7 +367,8 @@ void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes la
   }
   double copy[kGatherMost];
   std::copy_n(x, n, copy);
-  const Gather gather(fac.stage, copy);
+  const GatherTables<kGatherMost / 2> tables(fac.stage);
+  const Gather gather = tables.over(copy);
   passes(&gather);
 }
 

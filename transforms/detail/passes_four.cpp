@@ -9,6 +9,10 @@ void real_passes_four(Integer n, const Integer* stage, double* x, double d, cons
   real_passes<Quad>(n, stage, x, d, gather);
 }
 
+bool real_passes_short_four(Integer n, double* x, double d) {
+  return real_passes_short<Quad>(n, x, d);
+}
+
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor) {
   complex_passes<Quad>(stage, n, n, x, y, Divisor(divisor));
 }
