@@ -80,8 +80,10 @@ extern "C" void c06ebc(Integer n, double x[], ZilError* fail) {
 
 extern "C" void c06ecc(Integer n, double x[], double y[], ZilError* fail) {
   zil::Reporter rep(fail, "c06ecc");
+  if (bad_arguments(rep, n, {{x, "x"}, {y, "y"}})) return;
+  if (zil::fft::complex_transform_short(n, x, y, root_n(n))) return rep.success();  // as c06eac
   Factors fac;
-  if (refused(rep, n, fac, {{x, "x"}, {y, "y"}})) return;
+  if (unfactorable(rep, n, fac)) return;
   zil::fft::complex_transform(n, fac, x, y, root_n(n));
   rep.success();
 }

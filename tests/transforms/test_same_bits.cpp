@@ -57,6 +57,31 @@ TEST(FftSameBits, LanesLongLengths) {
     expect_same_bits(n);
 }
 
+// The powers of two up to 64 run copies of the passes compiled for their
+// length, with their own list of swaps for the reordering: both widths of
+// them must give the general passes' bits, and other lengths are left to
+// those, their data untouched.
+TEST(FftSameBits, ShortLengthCopiesAgreeWithTheGeneralPasses) {
+  for (Integer n = 2; n <= 64; n *= 2) {
+    zil::fft::Factors fac;
+    ASSERT_EQ(zil::fft::factorise(n, fac), zil::fft::FactorStatus::ok) << n;
+    const double d = std::sqrt(static_cast<double>(n));
+    auto x = fftt::data(n, 31), y = fftt::data(n, 32);
+    auto xw = x, yw = y, xn = x, yn = y;
+    zil::fft::complex_transform(n, fac, x.data(), y.data(), d, Lanes::two);
+    ASSERT_TRUE(zil::fft::complex_transform_short(n, xw.data(), yw.data(), d, Lanes::best)) << n;
+    ASSERT_TRUE(zil::fft::complex_transform_short(n, xn.data(), yn.data(), d, Lanes::two)) << n;
+    EXPECT_TRUE(same_bits(x, xw) && same_bits(y, yw)) << n;
+    EXPECT_TRUE(same_bits(x, xn) && same_bits(y, yn)) << n;
+  }
+  for (Integer n : {3, 12, 48, 128}) {
+    const auto x = fftt::data(n, 33);
+    auto xs = x, ys = x;
+    EXPECT_FALSE(zil::fft::complex_transform_short(n, xs.data(), ys.data(), 1.0)) << n;
+    EXPECT_TRUE(same_bits(x, xs) && same_bits(x, ys)) << n;
+  }
+}
+
 // The scaled public transform against the unscaled one followed by the
 // division: lengths whose sqrt(n) is a power of two (divided by its exact
 // reciprocal) and others (a true division), with each radix last.

@@ -830,69 +830,6 @@ void real_passes(Integer n, const Integer* stage, double* x, double d, const Gat
   }
 }
 
-// ---- Short real lengths ----------------------------------------------------
-// The powers of two up to kFixedMost run a copy of the real passes compiled
-// for their length: the stage list, the gather's tables, every span and
-// every loop bound are then constants, and each pass is laid out straight.
-// With all of them known only at run time, the general passes spent more
-// on addresses, dispatch and tables than on the transform at 64 (about
-// half of its 3000 instructions).  The arithmetic is the general passes',
-// so the results are the same to the bit.
-inline constexpr Integer kFixedMost = 64;
-
-template <Integer F>
-constexpr auto power_of_two_radix() {
-  if constexpr (F == 2)
-    return Dft2{};
-  else if constexpr (F == 4)
-    return Dft4{};
-  else
-    return Dft8{};
-}
-
-template <class W, Integer N>
-void real_passes_fixed(double* x, double d) {
-  static constexpr Factors fac = [] {
-    Factors f{};
-    factorise(N, f);
-    return f;
-  }();
-  static constexpr GatherTables<N> tables(fac.stage);
-  constexpr auto spans = [] {  // spans[i]: the span of stage i, spans[len]: 0
-    std::array<Integer, kListSize + 1> m{};
-    Integer span = 1;
-    for (int i = 0; fac.stage[i] != 0; ++i) {
-      m[i] = span;
-      span *= fac.stage[i];
-    }
-    return m;
-  }();
-  double copy[N];
-  std::copy_n(x, N, copy);
-  const Gather gather = tables.over(copy);
-  auto stage = [&]<std::size_t I>(std::integral_constant<std::size_t, I>) __attribute__((always_inline)) {
-    constexpr Integer f = fac.stage[I], m = spans[I];
-    if constexpr (f != 1) {
-      if constexpr (f * m == N)
-        real_pass_body<W>(power_of_two_radix<f>(), N, m, x, Divisor(d), &gather);
-      else
-        real_pass_body<W>(power_of_two_radix<f>(), N, m, x, Unscaled{}, &gather);
-    }
-  };
-  constexpr std::size_t len = std::find(fac.stage, fac.stage + kListSize, 0) - fac.stage;
-  [&]<std::size_t... I>(std::index_sequence<I...>) {
-    (stage(std::integral_constant<std::size_t, I>{}), ...);
-  }(std::make_index_sequence<len>{});
-}
-
-// Runs the real passes of n with their copy compiled for n, if it has one.
-template <class W>
-bool real_passes_short(Integer n, double* x, double d) {
-  return [&]<Integer... N>(std::integer_sequence<Integer, N...>) {
-    return ((n == N && (real_passes_fixed<W, N>(x, d), true)) || ...);
-  }(std::integer_sequence<Integer, 2, 4, 8, 16, 32, kFixedMost>{});
-}
-
 // Group lengths (elements of each array) below which the remaining complex
 // passes run block by block: a block of x and y that fits the second-level
 // cache (2 MiB here).  Each pass is a sweep over the whole array; once a
@@ -936,6 +873,119 @@ void complex_passes(const Integer* f, Integer n, Integer m, double* x, double* y
   }
 }
 
+// ---- Short lengths ---------------------------------------------------------
+// The powers of two up to kShortMost run copies of the passes compiled for
+// their length: the stage list, the gather's tables, the reordering's
+// swaps, every span and every loop bound are then constants, and each pass
+// is laid out straight.  With all of them known only at run time, the
+// general passes spent more on addresses, dispatch, factor lists and
+// tables than on the transform at 64 (about half of the real transform's
+// 3000 instructions, and the reordering alone was 1100 of the complex
+// one's 3800).  The arithmetic is the general passes', so the results are
+// the same to the bit.
+inline constexpr Integer kShortMost = 64;
+using ShortLengths = std::integer_sequence<Integer, 2, 4, 8, 16, 32, kShortMost>;
+
+template <Integer N>
+struct Short {
+  static_assert(std::has_single_bit(static_cast<unsigned>(N)) && N <= kShortMost);
+  static constexpr Factors fac = [] {
+    Factors f{};
+    factorise(N, f);
+    return f;
+  }();
+  static constexpr std::size_t stages = std::find(fac.stage, fac.stage + kListSize, 0) - fac.stage;
+  // span[i]: the product of the radices before stage i.
+  static constexpr auto span = [] {
+    std::array<Integer, kListSize> m{};
+    for (std::size_t i = 0, p = 1; i < stages; p *= fac.stage[i], ++i) m[i] = static_cast<Integer>(p);
+    return m;
+  }();
+  // The pairs p < rev(p) that the complex transform's reordering swaps:
+  // the digit reversal of the digit list, here a list of 2s.
+  static constexpr auto swaps = [] {
+    struct {
+      std::array<std::array<std::uint8_t, 2>, N / 2> pair{};
+      std::size_t count = 0;
+    } list;
+    for (Integer p = 0; p < N; ++p) {
+      Integer rev = 0;
+      for (Integer r = p, bit = N / 2; bit > 0; r >>= 1, bit >>= 1)
+        if (r & 1) rev += bit;
+      if (p < rev)
+        list.pair[list.count++] = {static_cast<std::uint8_t>(p), static_cast<std::uint8_t>(rev)};
+    }
+    return list;
+  }();
+
+  // Calls fn(f, m, dft) for each pass, in stage order; m is the span of
+  // the real passes, which rise from 1.
+  template <class Fn>
+  [[gnu::always_inline]] static void each_pass(Fn&& fn) {
+    [&]<std::size_t... I>(std::index_sequence<I...>) {
+      (pass<I>(fn), ...);
+    }(std::make_index_sequence<stages>{});
+  }
+  template <std::size_t I, class Fn>
+  [[gnu::always_inline]] static void pass(Fn& fn) {
+    constexpr Integer f = fac.stage[I];
+    if constexpr (f == 2)
+      fn(std::integral_constant<Integer, span[I]>{}, Dft2{});
+    else if constexpr (f == 4)
+      fn(std::integral_constant<Integer, span[I]>{}, Dft4{});
+    else if constexpr (f == 8)
+      fn(std::integral_constant<Integer, span[I]>{}, Dft8{});
+  }
+};
+
+template <class W, Integer N>
+void real_passes_fixed(double* x, double d) {
+  using S = Short<N>;
+  static constexpr GatherTables<N> tables(S::fac.stage);
+  double copy[N];
+  std::copy_n(x, N, copy);
+  const Gather gather = tables.over(copy);
+  S::each_pass([&](auto span, const auto& dft) __attribute__((always_inline)) {
+    constexpr Integer m = span;
+    if constexpr (m * std::decay_t<decltype(dft)>::f == N)
+      real_pass_body<W>(dft, N, m, x, Divisor(d), &gather);
+    else
+      real_pass_body<W>(dft, N, m, x, Unscaled{}, &gather);
+  });
+}
+
+// The complex passes run with the span falling from n: the span after the
+// pass at stage i is n over the product up to and including it.
+template <class W, Integer N>
+void complex_passes_fixed(double* x, double* y, double divisor) {
+  using S = Short<N>;
+  const Divisor div(divisor);
+  S::each_pass([&](auto span, const auto& dft) __attribute__((always_inline)) {
+    constexpr Integer f = std::decay_t<decltype(dft)>::f, m = N / (span * f);
+    complex_pass<W>(dft, N, m, x, y, m == 1 ? &div : nullptr);
+  });
+  for (std::size_t i = 0; i < S::swaps.count; ++i) {
+    const auto [a, b] = S::swaps.pair[i];
+    std::swap(x[a], x[b]);
+    std::swap(y[a], y[b]);
+  }
+}
+
+// Run the passes of n with their copy compiled for n, if it has one.
+template <class W>
+bool real_passes_short(Integer n, double* x, double d) {
+  return [&]<Integer... N>(std::integer_sequence<Integer, N...>) {
+    return ((n == N && (real_passes_fixed<W, N>(x, d), true)) || ...);
+  }(ShortLengths{});
+}
+
+template <class W>
+bool complex_passes_short(Integer n, double* x, double* y, double divisor) {
+  return [&]<Integer... N>(std::integer_sequence<Integer, N...>) {
+    return ((n == N && (complex_passes_fixed<W, N>(x, y, divisor), true)) || ...);
+  }(ShortLengths{});
+}
+
 }  // namespace
 
 // The two copies of the passes (passes.cpp, passes_four.cpp).
@@ -945,5 +995,7 @@ void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, d
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor);
 bool real_passes_short_two(Integer n, double* x, double d);
 bool real_passes_short_four(Integer n, double* x, double d);
+bool complex_passes_short_two(Integer n, double* x, double* y, double divisor);
+bool complex_passes_short_four(Integer n, double* x, double* y, double divisor);
 
 }  // namespace zil::fft

@@ -15,6 +15,10 @@ bool real_passes_short_two(Integer n, double* x, double d) {
   return real_passes_short<Pair>(n, x, d);
 }
 
+bool complex_passes_short_two(Integer n, double* x, double* y, double divisor) {
+  return complex_passes_short<Pair>(n, x, y, divisor);
+}
+
 void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor) {
   complex_passes<Pair>(stage, n, n, x, y, Divisor(divisor));
 }
@@ -352,6 +356,11 @@ void reorder(Integer n, const Factors& fac, Data data) {
 // sixth of the transform of 64 or 1024 and a fifth of 1000.
 bool real_transform_short(Integer n, double* x, double d, Lanes lanes) {
   return four_lanes(lanes) ? real_passes_short_four(n, x, d) : real_passes_short_two(n, x, d);
+}
+
+bool complex_transform_short(Integer n, double* x, double* y, double divisor, Lanes lanes) {
+  return four_lanes(lanes) ? complex_passes_short_four(n, x, y, divisor)
+                           : complex_passes_short_two(n, x, y, divisor);
 }
 
 void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes lanes) {

@@ -102,6 +102,10 @@ bool real_transform_short(Integer n, double* x, double d, Lanes lanes = Lanes::b
 void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
                        Lanes lanes = Lanes::best);
 
+// The same for the short lengths (see real_transform_short).
+bool complex_transform_short(Integer n, double* x, double* y, double divisor,
+                             Lanes lanes = Lanes::best);
+
 // Divides x[0..n-1] by d (a division, not a product with 1/d, so that each
 // element is rounded once).
 void divide(Integer n, double* x, double d);

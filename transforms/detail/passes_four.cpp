@@ -13,6 +13,10 @@ bool real_passes_short_four(Integer n, double* x, double d) {
   return real_passes_short<Quad>(n, x, d);
 }
 
+bool complex_passes_short_four(Integer n, double* x, double* y, double divisor) {
+  return complex_passes_short<Quad>(n, x, y, divisor);
+}
+
 void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor) {
   complex_passes<Quad>(stage, n, n, x, y, Divisor(divisor));
 }
