@@ -22,9 +22,12 @@ namespace {
 // with leftover pairs and single indices, the middle index alone and joined
 // to a vector (72: radix 3 over m = 24), both scalings (a power of four
 // divides by a product with an exact reciprocal), both reorderings and the
-// data read through a copy (up to 2048) or reordered in place.
+// data read through a copy (up to 2048) or reordered in place, and the
+// radix-4 and radix-8 passes over odd spans that run four groups at a time
+// transposed (720: 4 over 3, 1000: 4 over 5, 288: 8 over 3, 784: 8 over 7).
 TEST(FftRealPaths, WideAndNarrowCopiesAgreeBitForBit) {
-  for (Integer n : {16, 64, 72, 100, 720, 1000, 1024, 2048, 2310, 4096, 6561, 30030, 19 * 19 * 8, 1 << 16}) {
+  for (Integer n : {16, 64, 72, 100, 288, 720, 784, 1000, 1024, 2048, 2310, 4096, 6561, 30030,
+                    19 * 19 * 8, 1 << 16}) {
     zil::fft::Factors fac;
     ASSERT_EQ(zil::fft::factorise(n, fac), zil::fft::FactorStatus::ok);
     const double d = std::sqrt(static_cast<double>(n));

@@ -624,6 +624,47 @@ template <class W, int F>
   for (; k < c.end; k += 2) some(Pair{}, k, k + 1 < c.end);
 }
 
+// Where a real pass finds the elements of its groups.  In place: element j
+// at x[j], the lanes of a vector gap apart (gap 1: neighbouring indices,
+// read downwards for the partners m-k).  Transposed: four groups at a time
+// copied to the stack, element j of group h at b[4j + h], so that one
+// four-lane load takes index j of all four; the lanes are groups, as with
+// a gap other than 1.
+struct InPlace {
+  double* x;
+  template <class T>
+  [[gnu::always_inline]] T get(Integer j, Integer gap) const { return load<T>(x + j, gap); }
+  template <class T>
+  [[gnu::always_inline]] T get_down(Integer j, Integer gap) const {
+    return gap == 1 ? load_down<T>(x + j) : load<T>(x + j, gap);
+  }
+  template <class T>
+  [[gnu::always_inline]] void put(Integer j, Integer gap, T v) const { store(x + j, gap, v); }
+  template <class T>
+  [[gnu::always_inline]] void put_down(Integer j, Integer gap, T v) const {
+    if (gap == 1)
+      store_down(x + j, v);
+    else
+      store(x + j, gap, v);
+  }
+};
+
+struct Transposed {
+  double* b;
+  template <class T>
+  [[gnu::always_inline]] T get(Integer j, Integer) const { return load<T>(b + 4 * j); }
+  template <class T>
+  [[gnu::always_inline]] T get_down(Integer j, Integer gap) const { return get<T>(j, gap); }
+  template <class T>
+  [[gnu::always_inline]] void put(Integer j, Integer, T v) const { store(b + 4 * j, v); }
+  template <class T>
+  [[gnu::always_inline]] void put_down(Integer j, Integer gap, T v) const { put(j, gap, v); }
+};
+
+// The largest odd span whose radix-4 and radix-8 passes run four groups at
+// a time transposed (see real_pass_body).
+inline constexpr Integer kTransposedSpan = 7;
+
 // W is the widest vector that the inner indices of one group run on: Pair,
 // or Quad in the copy compiled for AVX2 (passes_four.cpp).  Four
 // neighbouring indices per butterfly halve the instructions of the long
@@ -640,12 +681,13 @@ template <class W, class D, class S>
   // k = 0: the blocks' first elements are real; Y(q*m) is Hermitian in q.
   // T = Pair does the groups g and g+f*m, which in the first pass, where
   // m = 1, is the whole pass.
-  auto first_index = [&](auto lanes, Integer g) __attribute__((always_inline)) {
+  const InPlace in_place{x};
+  auto first_index = [&](const auto& at, auto lanes, Integer g) __attribute__((always_inline)) {
     using T = decltype(lanes);
     T v[F];
-    for (int l = 0; l < F; ++l) v[l] = load<T>(x + g + D::place(l) * m, fm);
+    for (int l = 0; l < F; ++l) v[l] = at.template get<T>(g + D::place(l) * m, fm);
     dft.real(v);
-    for (int q = 0; q < F; ++q) store(x + g + q * m, fm, sc(v[q]));
+    for (int q = 0; q < F; ++q) at.put(g + q * m, fm, sc(v[q]));
   };
 
   // 0 < k < m/2: Y(k + q*m) lies in the stored half when 2q < f, else its
@@ -667,8 +709,8 @@ template <class W, class D, class S>
   // index and the middle to a butterfly each (at m = 8, two butterflies of
   // radix 8 in place of four).
   auto inner_index = [&]<class WithMiddle = std::false_type>(
-                         auto lanes, Integer g, Integer k, Integer i, Integer gap = 1,
-                         WithMiddle = {}) __attribute__((always_inline)) {
+                         const auto& at, auto lanes, Integer g, Integer k, Integer i,
+                         Integer gap = 1, WithMiddle = {}) __attribute__((always_inline)) {
     using T = decltype(lanes);
     auto real_last = [](T v) __attribute__((always_inline)) {
       if constexpr (WithMiddle::value)
@@ -676,24 +718,15 @@ template <class W, class D, class S>
       else
         return v;
     };
-    auto down = [gap](const double* p) __attribute__((always_inline)) {
-      return gap == 1 ? load_down<T>(p) : load<T>(p, gap);
-    };
-    auto put_down = [gap](double* p, T v) __attribute__((always_inline)) {
-      if (gap == 1)
-        store_down(p, v);
-      else
-        store(p, gap, v);
-    };
     auto twiddle = [&](const double* w) __attribute__((always_inline)) {
       return gap == 1 ? load<T>(w) : splat<T>(*w);
     };
     T zr[F], zi[F];
-    zr[0] = load<T>(x + g + k, gap);
-    zi[0] = real_last(down(x + g + m - k));
+    zr[0] = at.template get<T>(g + k, gap);
+    zi[0] = real_last(at.template get_down<T>(g + m - k, gap));
     for (int l = 1; l < F; ++l) {
       const Integer b = g + D::place(l) * m;
-      const T a = load<T>(x + b + k, gap), d = real_last(down(x + b + m - k));
+      const T a = at.template get<T>(b + k, gap), d = real_last(at.template get_down<T>(b + m - k, gap));
       const T cr = twiddle(&c.wr[l][i]), ci = twiddle(&c.wi[l][i]);
       zr[l] = a * cr - d * ci;
       zi[l] = a * ci + d * cr;
@@ -701,13 +734,13 @@ template <class W, class D, class S>
     dft(zr, zi);
     for (int q = (F + 1) / 2; q < F; ++q) {
       const Integer kk = k + q * m;
-      put_down(x + g + fm - kk, sc(zr[q]));
-      store(x + g + kk, gap, sc(-zi[q]));
+      at.put_down(g + fm - kk, gap, sc(zr[q]));
+      at.put(g + kk, gap, sc(-zi[q]));
     }
     for (int q = 0; 2 * q < F; ++q) {
       const Integer kk = k + q * m;
-      put_down(x + g + fm - kk, sc(zi[q]));
-      store(x + g + kk, gap, sc(zr[q]));
+      at.put_down(g + fm - kk, gap, sc(zi[q]));
+      at.put(g + kk, gap, sc(zr[q]));
     }
   };
 
@@ -756,11 +789,12 @@ template <class W, class D, class S>
     auto pairs = [&](Integer g) __attribute__((always_inline)) {
       Integer k = k0;
       if constexpr (sizeof(W) > sizeof(Pair)) {
-        for (; k + 4 <= pairs_end; k += 4) inner_index(W{}, g, k, k - first);
-        if (joined && k + 3 == pairs_end) return inner_index(W{}, g, k, k - first, 1, std::true_type{});
+        for (; k + 4 <= pairs_end; k += 4) inner_index(in_place, W{}, g, k, k - first);
+        if (joined && k + 3 == pairs_end)
+          return inner_index(in_place, W{}, g, k, k - first, 1, std::true_type{});
       }
-      for (; k + 2 <= pairs_end; k += 2) inner_index(Pair{}, g, k, k - first);
-      if (joined) inner_index(Pair{}, g, k, k - first, 1, std::true_type{});
+      for (; k + 2 <= pairs_end; k += 2) inner_index(in_place, Pair{}, g, k, k - first);
+      if (joined) inner_index(in_place, Pair{}, g, k, k - first, 1, std::true_type{});
     };
     const bool left_over = !joined && pairs_end < c.pair_end;
     Integer g = 0;
@@ -769,18 +803,43 @@ template <class W, class D, class S>
     // invariants were made ahead of every chunk all the same: three hundred
     // instructions, a tenth of the transform of 64.
     if constexpr (!std::is_same_v<S, Divisor>) {
+      // An odd span of radix 4 or 8 (m = 3 in 720, 5 in 1000) has no
+      // neighbouring indices to fill a vector: every butterfly would load
+      // and store its lanes one by one across groups.  Four groups
+      // transposed on the stack instead come and go in whole rows, and
+      // every index of them, 0 included, is one four-lane butterfly.
+      if constexpr (sizeof(W) > sizeof(Pair) && F % 4 == 0)
+        if (m % 2 == 1 && m <= kTransposedSpan)
+          for (; g + 4 * fm <= n; g += 4 * fm) {
+            Quad b[F * kTransposedSpan];
+            const Transposed t{reinterpret_cast<double*>(b)};
+            for (Integer j = 0; j < fm; j += 4) {
+              Quad r[4];
+              for (int h = 0; h < 4; ++h) r[h] = load<Quad>(x + g + h * fm + j);
+              transpose4(r);
+              std::copy_n(r, 4, b + j);
+            }
+            first_index(t, Quad{}, 0);
+            for (Integer k = 1; 2 * k < m; ++k) inner_index(t, Quad{}, 0, k, k, fm);
+            for (Integer j = 0; j < fm; j += 4) {
+              Quad r[4];
+              std::copy_n(b + j, 4, r);
+              transpose4(r);
+              for (int h = 0; h < 4; ++h) store(x + g + h * fm + j, r[h]);
+            }
+          }
       for (; g + fm < n; g += 2 * fm) {
-        if (first == 0) first_index(Pair{}, g);
+        if (first == 0) first_index(in_place, Pair{}, g);
         pairs(g);
         pairs(g + fm);
-        if (left_over) inner_index(Pair{}, g, pairs_end, pairs_end - first, fm);
+        if (left_over) inner_index(in_place, Pair{}, g, pairs_end, pairs_end - first, fm);
         if (middle) middle_index(Pair{}, g, m / 2, m / 2 - first);
       }
     }
     for (; g < n; g += fm) {
-      if (first == 0) first_index(0.0, g);
+      if (first == 0) first_index(in_place, 0.0, g);
       pairs(g);
-      if (left_over) inner_index(0.0, g, pairs_end, pairs_end - first);
+      if (left_over) inner_index(in_place, 0.0, g, pairs_end, pairs_end - first);
       if (middle) middle_index(0.0, g, m / 2, m / 2 - first);
     }
   }
