@@ -1047,14 +1047,28 @@ bool complex_passes_short(Integer n, double* x, double* y, double divisor) {
 
 }  // namespace
 
-// The two copies of the passes (passes.cpp, passes_four.cpp).
-void real_passes_two(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
-void real_passes_four(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
-void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor);
-void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor);
-bool real_passes_short_two(Integer n, double* x, double d);
-bool real_passes_short_four(Integer n, double* x, double d);
-bool complex_passes_short_two(Integer n, double* x, double* y, double divisor);
-bool complex_passes_short_four(Integer n, double* x, double* y, double divisor);
+// The entry points of one compiled copy of the passes.
+struct PassCopy {
+  void (*real)(Integer n, const Integer* stage, double* x, double d, const Gather* gather);
+  void (*complex)(Integer n, const Integer* stage, double* x, double* y, double divisor);
+  bool (*real_short)(Integer n, double* x, double d);
+  bool (*complex_short)(Integer n, double* x, double* y, double divisor);
+};
+
+namespace {
+
+template <class W>
+constexpr PassCopy pass_copy() {
+  return {&real_passes<W>,
+          [](Integer n, const Integer* stage, double* x, double* y, double divisor) {
+            complex_passes<W>(stage, n, n, x, y, Divisor(divisor));
+          },
+          &real_passes_short<W>, &complex_passes_short<W>};
+}
+
+}  // namespace
+
+// The two copies (passes.cpp, passes_four.cpp).
+extern const PassCopy kTwoLanes, kFourLanes;
 
 }  // namespace zil::fft

@@ -7,27 +7,14 @@
 
 namespace zil::fft {
 
-void real_passes_two(Integer n, const Integer* stage, double* x, double d, const Gather* gather) {
-  real_passes<Pair>(n, stage, x, d, gather);
-}
-
-bool real_passes_short_two(Integer n, double* x, double d) {
-  return real_passes_short<Pair>(n, x, d);
-}
-
-bool complex_passes_short_two(Integer n, double* x, double* y, double divisor) {
-  return complex_passes_short<Pair>(n, x, y, divisor);
-}
-
-void complex_passes_two(Integer n, const Integer* stage, double* x, double* y, double divisor) {
-  complex_passes<Pair>(stage, n, n, x, y, Divisor(divisor));
-}
+constinit const PassCopy kTwoLanes = pass_copy<Pair>();
 
 namespace {
 
-// Whether the passes run in their four-lane copy, which needs AVX2.
-bool four_lanes(Lanes lanes) {
-  return lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+// The copy of the passes to run: four lanes needs AVX2.
+const PassCopy& passes_for(Lanes lanes) {
+  const bool four = lanes == Lanes::four || (lanes == Lanes::best && __builtin_cpu_supports("avx2"));
+  return four ? kFourLanes : kTwoLanes;
 }
 
 // ---- Hermitian passes: decimation in frequency, twiddles after ------------
@@ -350,35 +337,29 @@ void reorder(Integer n, const Factors& fac, Data data) {
 
 }  // namespace
 
+bool real_transform_short(Integer n, double* x, double d, Lanes lanes) {
+  return passes_for(lanes).real_short(n, x, d);
+}
+
+bool complex_transform_short(Integer n, double* x, double* y, double divisor, Lanes lanes) {
+  return passes_for(lanes).complex_short(n, x, y, divisor);
+}
+
 // Up to kGatherMost, a real transform reads its data through a copy on
 // the stack (16 KiB) in place of reordering them: the copy is a sweep of
 // whole vectors, where the reordering was one scalar swap per element, a
 // sixth of the transform of 64 or 1024 and a fifth of 1000.
-bool real_transform_short(Integer n, double* x, double d, Lanes lanes) {
-  return four_lanes(lanes) ? real_passes_short_four(n, x, d) : real_passes_short_two(n, x, d);
-}
-
-bool complex_transform_short(Integer n, double* x, double* y, double divisor, Lanes lanes) {
-  return four_lanes(lanes) ? complex_passes_short_four(n, x, y, divisor)
-                           : complex_passes_short_two(n, x, y, divisor);
-}
-
 void real_transform(Integer n, const Factors& fac, double* x, double d, Lanes lanes) {
-  auto passes = [&](const Gather* gather) {
-    if (four_lanes(lanes))
-      real_passes_four(n, fac.stage, x, d, gather);
-    else
-      real_passes_two(n, fac.stage, x, d, gather);
-  };
+  const auto passes = passes_for(lanes).real;
   if (n > kGatherMost) {
     reorder(n, fac, OneArray{x});
-    return passes(nullptr);
+    return passes(n, fac.stage, x, d, nullptr);
   }
-  double copy[kGatherMost];
-  std::copy_n(x, n, copy);
+  double data[kGatherMost];
+  std::copy_n(x, n, data);
   const GatherTables<kGatherMost / 2> tables(fac.stage);
-  const Gather gather = tables.over(copy);
-  passes(&gather);
+  const Gather gather = tables.over(data);
+  passes(n, fac.stage, x, d, &gather);
 }
 
 void hermitian_transform(Integer n, const Factors& fac, double* x) {
@@ -392,10 +373,7 @@ void hermitian_transform(Integer n, const Factors& fac, double* x) {
 
 void complex_transform(Integer n, const Factors& fac, double* x, double* y, double divisor,
                        Lanes lanes) {
-  if (four_lanes(lanes))
-    complex_passes_four(n, fac.stage, x, y, divisor);
-  else
-    complex_passes_two(n, fac.stage, x, y, divisor);
+  passes_for(lanes).complex(n, fac.stage, x, y, divisor);
   reorder(n, fac, TwoArrays{x, y});
 }
 

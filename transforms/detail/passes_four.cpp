@@ -5,20 +5,6 @@
 
 namespace zil::fft {
 
-void real_passes_four(Integer n, const Integer* stage, double* x, double d, const Gather* gather) {
-  real_passes<Quad>(n, stage, x, d, gather);
-}
-
-bool real_passes_short_four(Integer n, double* x, double d) {
-  return real_passes_short<Quad>(n, x, d);
-}
-
-bool complex_passes_short_four(Integer n, double* x, double* y, double divisor) {
-  return complex_passes_short<Quad>(n, x, y, divisor);
-}
-
-void complex_passes_four(Integer n, const Integer* stage, double* x, double* y, double divisor) {
-  complex_passes<Quad>(stage, n, n, x, y, Divisor(divisor));
-}
+constinit const PassCopy kFourLanes = pass_copy<Quad>();
 
 }  // namespace zil::fft
