@@ -960,25 +960,28 @@ struct Short {
     for (std::size_t i = 0, p = 1; i < stages; p *= fac.stage[i], ++i) m[i] = static_cast<Integer>(p);
     return m;
   }();
-  // The pairs p < rev(p) that the complex transform's reordering swaps:
-  // the digit reversal of the digit list, here a list of 2s.
+  // The pairs p < rev(p) that the complex transform's reordering swaps,
+  // rev being the digit reversal of the digit list (empty at n = 2, which
+  // needs no reordering).
   static constexpr auto swaps = [] {
     struct {
       std::array<std::array<std::uint8_t, 2>, N / 2> pair{};
       std::size_t count = 0;
     } list;
-    for (Integer p = 0; p < N; ++p) {
-      Integer rev = 0;
-      for (Integer r = p, bit = N / 2; bit > 0; r >>= 1, bit >>= 1)
-        if (r & 1) rev += bit;
-      if (p < rev)
-        list.pair[list.count++] = {static_cast<std::uint8_t>(p), static_cast<std::uint8_t>(rev)};
-    }
+    const int digits = static_cast<int>(std::find(fac.digit, fac.digit + kListSize, 0) - fac.digit);
+    if (digits == 0) return list;
+    Integer rev[N] = {}, weight[kListSize] = {};
+    for (Integer w = 1, i = digits; i-- > 0; w *= fac.digit[i]) weight[i] = w;
+    digit_table(rev, fac.digit, weight, digits);
+    for (Integer p = 0; p < N; ++p)
+      if (p < rev[p])
+        list.pair[list.count++] = {static_cast<std::uint8_t>(p), static_cast<std::uint8_t>(rev[p])};
     return list;
   }();
 
-  // Calls fn(f, m, dft) for each pass, in stage order; m is the span of
-  // the real passes, which rise from 1.
+  // Calls fn(span, dft) for each pass, in stage order, span being the
+  // product of the radices before it as a constant: the span of the real
+  // passes, which rise from 1.
   template <class Fn>
   [[gnu::always_inline]] static void each_pass(Fn&& fn) {
     [&]<std::size_t... I>(std::index_sequence<I...>) {
